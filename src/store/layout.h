@@ -1,0 +1,74 @@
+#pragma once
+
+/// The fixed paths of the system partition and of the data store, each written once, with what
+/// stands there. All are absolute; nothing configures them.
+
+#include <string_view>
+
+namespace store {
+
+// Directories of the data store. Both are made by the installer of the system, never here.
+
+/// The data store.
+inline constexpr const char* store_directory = "/var/db/timezone/";
+/// One subdirectory per installed update, named by its version text such as 2016b.1.0. The text is
+/// also the prefix of every update's data-set path.
+inline constexpr const char* updates_directory = "/var/db/timezone/tz/";
+
+// Links that publish the choice.
+
+/// Link to the zoneinfo tree in use: system_zoneinfo, or "zoneinfo" inside an update.
+inline constexpr const char* zoneinfo_link = "/var/db/timezone/zoneinfo";
+/// Link to "icutz" inside the update in use; absent while the system partition is in use.
+inline constexpr const char* icu_link = "/var/db/icutz";
+/// Link to the local zone's file, as a path that leads through zoneinfo_link.
+inline constexpr const char* localtime_link = "/var/db/timezone/localtime";
+
+// What the installer of updates leaves for this program, and this program for the clean-up.
+
+/// Link to the directory of the most recently installed update; read only.
+inline constexpr const char* latest_link = "/var/db/timezone/tz_latest";
+/// Empty file; there when this run moved publication away from a data set that was in force.
+inline constexpr const char* cleanup_marker = "/var/db/timezone/needs_cleanup";
+/// Previous version text, "_", adopted version text, of the last adoption; no line end.
+inline constexpr const char* transition_record = "/var/db/timezone/TZVersionDiffRecord";
+
+// The system partition; read only.
+
+/// The system partition's zoneinfo tree, as zoneinfo_link names it.
+inline constexpr const char* system_zoneinfo = "/usr/share/zoneinfo.default";
+/// The system partition's ICU data; holds icu_format_file.
+inline constexpr const char* system_icu = "/usr/share/icu";
+
+// Names inside a data set, with the separator, as they are appended to a path.
+
+/// The zoneinfo tree inside an update's directory.
+inline constexpr const char* update_zoneinfo = "/zoneinfo";
+/// The ICU data inside an update's directory.
+inline constexpr const char* update_icu = "/icutz";
+/// Inside a zoneinfo tree: a text whose first word is the version of the data.
+inline constexpr const char* version_file = "/+VERSION";
+/// Inside system_icu: a text whose first word is the format tag of the ICU data.
+inline constexpr const char* icu_format_file = "/icutzformat.txt";
+
+// Older layouts, and the local zone of last resort.
+
+/// Older systems published ICU data here; deleted on every run.
+inline constexpr const char* legacy_icu = "/var/db/icu";
+/// Local-time targets of older systems begin with this; nothing is opened there.
+inline constexpr const char* legacy_zoneinfo = "/usr/share/zoneinfo";
+/// The zone that a local-time link beyond repair is reset to, and the target that this means.
+inline constexpr const char* fallback_zone = "America/Los_Angeles";
+inline constexpr const char* fallback_localtime = "/var/db/timezone/zoneinfo/America/Los_Angeles";
+
+/// Returns what follows updates_directory in a path below it, 2016b.1.0/zoneinfo for example;
+/// empty when the path is updates_directory itself or does not begin with it.
+constexpr std::string_view below_updates_directory(std::string_view path) {
+    if (path.starts_with(updates_directory))
+        path.remove_prefix(std::string_view(updates_directory).size());
+    else
+        path = {};
+    return path;
+}
+
+} // namespace store
