@@ -1,0 +1,80 @@
+#include "dataset/orv_icu.h"
+
+#include "dataset/pattern.h"
+#include "store/layout.h"
+#include "store/primitives.h"
+#include "store/text_files.h"
+
+#include <cerrno>
+#include <cstring>
+#include <err.h>
+#include <fts.h>
+#include <memory>
+#include <sys/stat.h>
+
+namespace {
+
+const dataset::pattern& data_file_pattern() {
+    static const dataset::pattern compiled(R"(icutz([0-9]+[lbe])\.dat)", dataset::pattern_syntax);
+    return compiled;
+}
+
+/// A regular file directly inside the root of the walk that everyone may read.
+bool may_be_data_file(const FTSENT& entry) {
+    return entry.fts_errno == 0 && entry.fts_level == 1 && entry.fts_namelen != 0 &&
+           entry.fts_info == FTS_F && (entry.fts_statp->st_mode & S_IROTH) != 0;
+}
+
+} // namespace
+
+orv_icu::orv_icu(const std::string& path)
+    : orv_dataset_component(path),
+      data_dir(path.empty() ? store::system_icu : path + store::update_icu) {
+    initialize();
+}
+
+void orv_icu::initialize() {
+    if (dataset_path.empty())
+        schema = store::read_first_word(data_dir + store::icu_format_file);
+    else
+        find_schema_in_file_names();
+}
+
+void orv_icu::find_schema_in_file_names() {
+    const dataset::pattern& data_file = data_file_pattern();
+    char* const roots[] = {data_dir.data(), nullptr};
+    const std::unique_ptr<FTS, decltype([](FTS* opened) { ::fts_close(opened); })> walk(
+        ::fts_open(roots, FTS_COMFOLLOW | FTS_PHYSICAL | FTS_XDEV, nullptr));
+    if (!walk) {
+        const int error = errno;
+        ::warn("tz_icu::initialize: fts_open of %s failed, %s", data_dir.c_str(),
+               std::strerror(error));
+        throw error;
+    }
+    while (const FTSENT* entry = ::fts_read(walk.get())) {
+        if (!schema.empty())
+            break;
+        std::cmatch results;
+        if (may_be_data_file(*entry) && std::regex_match(entry->fts_name, results, data_file))
+            schema = results[1];
+    }
+}
+
+bool orv_icu::compatible_schema(const orv_dataset_component& other) const {
+    const auto* icu = dynamic_cast<const orv_icu*>(&other);
+    if (icu == nullptr) {
+        ::warn("orv_icu::compatible_schema: could not dynamic_cast other component");
+        return false;
+    }
+    return schema == icu->schema;
+}
+
+void orv_icu::activate() const {
+    try {
+        store::remove(store::icu_link);
+    } catch (...) {
+        ::warn("unlink of ICU softlink failed");
+    }
+    if (!dataset_path.empty())
+        store::create_symlink(data_dir, store::icu_link);
+}

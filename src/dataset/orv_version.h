@@ -1,0 +1,32 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <string>
+
+/// The parsed form of a data set's version text, such as 2016a.1.0: a year, release letters and up
+/// to two revision numbers. -1 stands for a number that the text does not have. The default value,
+/// the unset version, is older than every version that a text can give.
+struct orv_version {
+    std::int32_t year = -1;
+    std::string letter;
+    std::int32_t revision = -1;
+    std::int32_t subrevision = -1;
+
+    orv_version() = default;
+    /// Parses the text.
+    explicit orv_version(const std::string& text) { parse(text); }
+
+    /// Sets all fields from a text that is, from its first byte to its last,
+    ///     digits letters [ "." digits [ "." digits ] ]
+    /// with letters a to z. Any other text leaves the unset version after two warnings, "Cannot
+    /// parse version string TEXT, results.size() = 0" and "Cannot parse version string TEXT".
+    /// Throws std::out_of_range for a number above 2147483647; the fields are then of no use.
+    void parse(const std::string& text);
+
+    /// Whether this version is strictly newer: the first field that differs decides, numbers by
+    /// value, letters as byte strings (z after aa after a).
+    bool newer_than(const orv_version& other) const { return *this > other; }
+
+    auto operator<=>(const orv_version&) const = default;
+};
