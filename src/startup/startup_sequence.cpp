@@ -1,0 +1,34 @@
+#include "startup/startup_sequence.h"
+
+#include "startup/active_dataset_selection.h"
+#include "startup/localtime_link_repair.h"
+#include "store/layout.h"
+#include "store/primitives.h"
+
+#include <cstdio>
+
+namespace {
+
+void prepare_store_directories() {
+    store::set_path_protection_class(store::store_directory);
+    store::set_path_protection_class(store::updates_directory);
+}
+
+/// A step lets a failure out only when its own last resort has failed. That has been reported, and
+/// what remains is to go on.
+void run_step(void (*step)()) noexcept {
+    try {
+        step();
+    } catch (...) {
+    }
+}
+
+} // namespace
+
+void run_startup_sequence() noexcept {
+    prepare_store_directories();
+    std::remove(store::cleanup_marker);
+    std::remove(store::legacy_icu);
+    run_step(select_active_dataset);
+    run_step(repair_localtime_link); // last: a zone is looked up in the tree that is now published
+}
