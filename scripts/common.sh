@@ -1,0 +1,69 @@
+# What the scripts share; sourced by them, from the top of the clone.
+# shellcheck shell=bash
+
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+fail() {
+    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    exit 1
+}
+
+# install_packages PACKAGE... installs the Debian packages that are missing, and asks nothing.
+install_packages() {
+    local package missing=() as_root=()
+    for package; do
+        [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+            missing+=("$package")
+    done
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    if [[ $(id -u) -ne 0 ]]; then
+        sudo -n true 2>/dev/null ||
+            fail "these packages are missing, and only root can install them: ${missing[*]}"
+        as_root=(sudo -n)
+    fi
+    printf 'Installing %s\n' "${missing[*]}" >&2
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0)
+    if ! { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } \
+        </dev/null >&2; then
+        fail "these packages could not be installed: ${missing[*]}"
+    fi
+}
+
+# build PRESET configures and builds, and is quiet unless it fails.
+build() {
+    local log
+    if ! log=$(cmake --preset "$1" 2>&1 && cmake --build --preset "$1" 2>&1); then
+        printf '%s\n' "$log" >&2
+        fail "the $1 build failed"
+    fi
+}
+build_packages=(cmake g++ ninja-build)
+
+# make_root sets $root to a new, empty root directory, which is removed when the script ends.
+make_root() {
+    root=$(mktemp -d)
+    trap 'trap "" HUP INT TERM; rm -rf "$root"' EXIT
+    trap 'exit 1' HUP INT TERM # not before what runs now has ended, which may write in there
+}
+
+# install_program FILE... copies programs into the root, with the libraries that they load.
+install_program() {
+    local program file
+    for program; do
+        { printf '%s\n' "$program"; ldd "$program" 2>/dev/null | grep -o '/[^ )]*' || true; } |
+            while read -r file; do
+                install -D "$file" "$root$file"
+            done
+    done
+}
+
+# in_root COMMAND... runs a command inside the root, as root there: by chroot, in a user namespace
+# for an ordinary user.
+in_root() {
+    if [[ $(id -u) -eq 0 ]]; then
+        chroot "$root" "$@"
+    else
+        unshare --map-root-user --root="$root" "$@"
+    fi
+}
