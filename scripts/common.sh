@@ -38,6 +38,7 @@ build() {
         fail "the $1 build failed"
     fi
 }
+# shellcheck disable=SC2034 # the scripts that build name them
 build_packages=(cmake g++ ninja-build)
 
 # make_root sets $root to a new, empty root directory, which is removed when the script ends.

@@ -25,7 +25,7 @@ inline std::string filled_in(std::string text) {
              {"TREE", "/usr/share/zoneinfo.default"},
              {"@", "~/tz/"},
              {"~", "/var/db/timezone"}})
-        for (std::size_t at; (at = text.find(name)) != std::string::npos;)
+        for (std::size_t at = 0; (at = text.find(name)) != std::string::npos;)
             text.replace(at, name.size(), meaning);
     return text;
 }

@@ -27,8 +27,8 @@ void run_step(void (*step)()) noexcept {
 
 void run_startup_sequence() noexcept {
     prepare_store_directories();
-    std::remove(store::cleanup_marker);
-    std::remove(store::legacy_icu);
+    (void)std::remove(store::cleanup_marker);
+    (void)std::remove(store::legacy_icu);
     run_step(select_active_dataset);
     run_step(repair_localtime_link); // last: a zone is looked up in the tree that is now published
 }
