@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/text_files.h"
+
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -21,7 +23,6 @@ inline std::string filled_in(std::string text) {
              {"NOT-NEWER", "New update not compatible or older version"},
              {"NO-DATA", "Unable to locate data; resetting to system partition"},
              {"NO-ZONE", "localtime link invalid; resetting to America/Los_Angeles"},
-             {"UNPARSED", "Cannot parse version string"},
              {"TREE", "/usr/share/zoneinfo.default"},
              {"@", "~/tz/"},
              {"~", "/var/db/timezone"}})
@@ -54,25 +55,24 @@ inline void arrange(const std::string& things) {
 /// Puts a system partition 2016a of format 44l in use, with the updates B and C, 2016b.1.0 and
 /// 2016c.1.0, and 2016d.1.0 of another format; then the given things.
 inline void arrange_afresh(const std::string& things = "") {
-    arrange("/usr | /var | TREE/+VERSION = 2016a | /usr/share/icu/icutzformat.txt = 44l | SYSTEM |"
-            "TREE/Europe/Paris = TZif | localtime -> ~/zoneinfo/Europe/Paris |"
-            "@2016b.1.0/zoneinfo / | @2016b.1.0/icutz/icutz44l.dat = | @2016c.1.0/zoneinfo / |"
-            "@2016c.1.0/icutz/icutz44l.dat = | @2016d.1.0/icutz/icutz52l.dat = |" +
-            things);
+    arrange(
+        "/usr | /var | TREE/+VERSION = 2016a | /usr/share/icu/icutzformat.txt = 44l | SYSTEM |"
+        "TREE/Europe/Paris = | TREE/America/Los_Angeles = | localtime -> ~/zoneinfo/Europe/Paris |"
+        "@2016b.1.0/icutz/icutz44l.dat = | @2016b.1.0/zoneinfo -> TREE | @2016c.1.0/zoneinfo -> "
+        "TREE |"
+        "@2016c.1.0/icutz/icutz44l.dat = | @2016d.1.0/icutz/icutz52l.dat = |" +
+        things);
 }
 
-/// Returns a line for each thing below /var/db.
+/// Returns a line for each thing below /var/db: a link's target, a file's first word and size.
 inline std::set<std::string> stored() {
     std::set<std::string> things;
-    for (const auto& entry : fs::recursive_directory_iterator("/var/db")) {
-        std::ostringstream thing;
-        thing << entry.path();
-        if (entry.is_symlink())
-            thing << " -> " << fs::read_symlink(entry);
-        else if (entry.is_regular_file())
-            thing << " = " << std::ifstream(entry.path()).rdbuf();
-        things.insert(thing.str());
-    }
+    for (const auto& entry : fs::recursive_directory_iterator("/var/db"))
+        things.insert(entry.path().string() +
+                      (entry.is_symlink()        ? " -> " + fs::read_symlink(entry).string()
+                       : entry.is_regular_file() ? " = " + store::read_first_word(entry.path()) +
+                                                       ", " + std::to_string(entry.file_size())
+                                                 : " /"));
     return things;
 }
 

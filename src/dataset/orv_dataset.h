@@ -8,36 +8,43 @@
 #include <vector>
 
 /// One complete copy of the time-zone data: the system partition's, or an installed update. It is
-/// complete once constructed and does not change afterwards.
+/// complete once constructed, and does not change afterwards.
 class orv_dataset {
 public:
-    /// `path` is an update's directory, store::updates_directory followed by its version text;
-    /// empty, the default, for the system partition, whose version text is the first word of its
-    /// version file with ".1.0" appended. A version text that does not parse leaves the unset
-    /// version (see orv_version). Throws std::invalid_argument for any other path, after
-    /// "orv_dataset::create_components: bad path PATH", and whatever parsing the version or
-    /// constructing a component throws.
+    /// `path` is one of
+    ///
+    ///     store::updates_directory VERSION    an update, with this version text;
+    ///     the empty text, the default         the system partition: its version text is the first
+    ///                                         word of its version file with ".1.0" appended.
+    ///
+    /// Any other path throws std::invalid_argument, after "orv_dataset::create_components: bad path
+    /// PATH". A version text that does not parse is reported and counts as older than any other.
+    /// What parsing it or constructing a component throws is passed on.
     explicit orv_dataset(std::string path = {});
 
-    /// Whether each component accepts the one at the same position in `other`.
+    /// Whether each component accepts the one at the same position in `other`. A candidate is asked
+    /// about the system partition.
     bool compatible(const orv_dataset& other) const;
 
     /// Publishes the components, zoneinfo first. What one throws ends it, with nothing undone.
     void activate() const;
 
-    /// Whether both paths are equal, byte for byte.
+    /// Whether both paths are equal, byte for byte; a "/" at the end makes a difference.
     bool same_path(const orv_dataset& other) const { return dataset_path == other.dataset_path; }
 
+    /// Whether this data set's version is strictly newer.
     bool newer_than(const orv_dataset& other) const { return version.newer_than(other.version); }
 
-    /// Returns the whole version text, such as 2016a.1.0.
+    /// Returns the whole version text, such as 2016a.1.0, whether or not it parses.
     std::string get_version_string() const { return version_string; }
 
 private:
     void create_components();
 
+    /// Parsed from version_string, or unset.
     orv_version version;
     std::string version_string;
     std::string dataset_path;
-    std::vector<std::shared_ptr<orv_dataset_component>> components; // zoneinfo, ICU
+    /// The zoneinfo component, then the ICU component, in every data set.
+    std::vector<std::shared_ptr<orv_dataset_component>> components;
 };

@@ -3,8 +3,12 @@
 #include <string>
 #include <utility>
 
-/// One kind of data in a data set: the zoneinfo tree or the ICU data. A component reads what it
-/// needs while it is constructed and does not change afterwards.
+/// One kind of data in a data set. A component reads what it needs while it is constructed, and
+/// does not change afterwards.
+///
+///                     on the system partition    in an update    published as
+///     orv_zoneinfo    store::system_zoneinfo     zoneinfo        store::zoneinfo_link
+///     orv_icu         store::system_icu          icutz           store::icu_link, an update's only
 ///
 /// There is no virtual destructor: a component is owned through a shared handle that was made for
 /// its concrete type, and is never destroyed through this interface.

@@ -1,11 +1,16 @@
 #pragma once
 
-/// Makes store::localtime_link point into the published zoneinfo tree. A target that begins with
-/// store::zoneinfo_link is kept. One that begins with store::legacy_zoneinfo is rewritten, after
-/// "Correcting localtime link to TARGET", to name the same zone in the published tree, if it is
-/// there. Anything else is replaced by store::fallback_localtime, after "localtime link invalid;
-/// resetting to ZONE".
+/// Makes store::localtime_link lead into the published zoneinfo tree, by its target:
 ///
-/// To be called once the tree is published. Throws only when the fallback link cannot be made
-/// either, reported like any other failure.
+///     zoneinfo_link...                 is kept, whether or not it exists
+///     legacy_zoneinfo...               is rewritten to name the same zone in the published tree,
+///                                      after "Correcting localtime link to TARGET"; if that zone
+///                                      is not there, it counts as the next
+///     anything else, or no link        is replaced by store::fallback_localtime, after "localtime
+///                                      link invalid; resetting to America/Los_Angeles"
+///
+/// To be called once the tree is published, as the zone is looked up through it. What stands in the
+/// link's place is removed, unless it is a directory that is not empty.
+///
+/// Throws only if the fallback cannot be made either, which is then reported.
 void repair_localtime_link();

@@ -11,22 +11,30 @@ namespace store {
 
 /// The data store.
 inline constexpr const char* store_directory = "/var/db/timezone/";
-/// One subdirectory per installed update, named by its version text such as 2016b.1.0. The text is
-/// also the prefix of every update's data-set path.
+/// One subdirectory per installed update, named by its version text:
+///
+///     2016b.1.0/zoneinfo/+VERSION         the version of its zoneinfo data, 2016b
+///     2016b.1.0/zoneinfo/Europe/Paris     a zone, and so on
+///     2016b.1.0/icutz/icutz44l.dat        its ICU data, of the format 44l
+///
+/// The text is also the prefix of every update's data-set path.
 inline constexpr const char* updates_directory = "/var/db/timezone/tz/";
 
 // Links that publish the choice.
 
-/// Link to the zoneinfo tree in use: system_zoneinfo, or "zoneinfo" inside an update.
+/// Link to the zoneinfo tree in use. Its target is system_zoneinfo, to the byte, or a directory
+/// inside an update, such as /var/db/timezone/tz/2016b.1.0/zoneinfo; any other is invalid.
 inline constexpr const char* zoneinfo_link = "/var/db/timezone/zoneinfo";
 /// Link to "icutz" inside the update in use; absent while the system partition is in use.
 inline constexpr const char* icu_link = "/var/db/icutz";
-/// Link to the local zone's file, as a path that leads through zoneinfo_link.
+/// Link to the local zone's file, as a path through zoneinfo_link, so that the zone follows the
+/// tree in use: /var/db/timezone/zoneinfo/Europe/Paris for example.
 inline constexpr const char* localtime_link = "/var/db/timezone/localtime";
 
 // What the installer of updates leaves for this program, and this program for the clean-up.
 
-/// Link to the directory of the most recently installed update; read only.
+/// Link to the directory of the most recently installed update, such as
+/// /var/db/timezone/tz/2016b.1.0; absent when none is installed. Read only.
 inline constexpr const char* latest_link = "/var/db/timezone/tz_latest";
 /// Empty file; there when this run moved publication away from a data set that was in force.
 inline constexpr const char* cleanup_marker = "/var/db/timezone/needs_cleanup";
