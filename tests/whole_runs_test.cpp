@@ -45,6 +45,7 @@ TEST(WholeRun, DecidesByTheLinks) {
         tz_latest -> @2016c.1.0/ ; Cannot parse version string 2016c.1.0/, .*0 | Cannot parse version string 2016c.1.0/ | NOT-NEWER ;
         tz_latest -> @2016c.1.2147483648 | UPDATE-B ; NO-DATA ; SYSTEM
         tz_latest = x | UPDATE-B ; read_symlink: ~/tz_latest: Invalid argument | NO-DATA ; SYSTEM
+        tz_latest -> ~/TZ/2016c | UPDATE-B ; orv_dataset::create_components: bad path ~/TZ/2016c | NO-DATA ; SYSTEM
         tz_latest -> @ | UPDATE-B ; orv_dataset::create_components: bad path @ | NO-DATA ; SYSTEM
         tz_latest -> @2016b.1.0 | UPDATE-B | TREE/+VERSION = 2016c ; UNUSABLE | NOT-NEWER ; SYSTEM | needs_cleanup =
         tz_latest -> @2016c.1.0 | UPDATE-B | TREE/+VERSION = 2016z ; UNUSABLE ; UPDATE-C | needs_cleanup = | RECORD 2016z.1.0_2016c.1.0

@@ -37,5 +37,5 @@ struct orv_version {
     ///     2016a, 2016a.0, 2016a.9.0, 2016a.10, 2016aa, 2016z, 2017a
     bool newer_than(const orv_version& other) const { return *this > other; }
 
-    auto operator<=>(const orv_version&) const = default;
+    std::strong_ordering operator<=>(const orv_version&) const = default;
 };
