@@ -59,13 +59,15 @@ TEST(WholeRun, DecidesByTheLinks) {
 TEST(WholeRun, TakesTheFormatFromTheNameOfADataFile) {
     const std::string update = "tz_latest -> @2016b.1.0 | @2016b.1.0/icutz | @2016b.1.0/icutz";
     for (const char* files : {"/icutz44l.dat = | @2016b.1.0/icutz/a/icutz9l.dat = ",
-                              "/icutz44l.dat = | @2016b.1.0/icutz/icutz9l.dat -> icutz44l.dat",
                               "/icutz7e.dat = | /usr/share/icu/icutzformat.txt = 7e x",
                               " -> /var/db/data | /var/db/data/icutz44l.dat ="})
         expect_runs(update + files + ";; UPDATE-B | RECORD 2016a.1.0_2016b.1.0");
     for (const char* files :
-         {"", "/icutz44L.dat =", "/icutz44x.dat =", "/icutzl.dat =", "/icutz44l_dat =",
-          "/xicutz44l.dat =", "/icutz44l.dat.bak =", "/icutz44l.dat /"})
+         {"", "/a/icutz44l.dat =", "/icutz44l.dat /",
+          "/icutz44l.dat -> /usr/share/icu/icutzformat.txt",
+          "/icutz44x.dat = | /usr/share/icu/icutzformat.txt = 44x",
+          "/icutz44L.dat =", "/icutzl.dat = | /usr/share/icu/icutzformat.txt = l",
+          "/icutz44l_dat =", "/xicutz44l.dat =", "/icutz44l.dat.bak ="})
         expect_runs(update + files + "; NOT-NEWER ;");
     arrange_afresh("tz_latest -> @2016b.1.0");
     fs::permissions("/var/db/timezone/tz/2016b.1.0/icutz/icutz44l.dat", fs::perms::owner_all);
