@@ -19,19 +19,20 @@ TEST(Primitives, ThrowTheErrorOfACallAndKeepAMarker) {
     EXPECT_EQ(error_of([] { store::remove("/tmp"); }), EISDIR);
     EXPECT_EQ(error_of([] { store::read_symlink("/tmp"); }), EINVAL);
     EXPECT_EQ(error_of([] { store::create_symlink("x", "/tmp"); }), EEXIST);
-    arrange("needs_cleanup = kept");
+    arrange_afresh("needs_cleanup = kept");
     EXPECT_EQ(printed_by(store::mark_needs_cleanup), "");
     EXPECT_EQ(store::read_first_word("/var/db/timezone/needs_cleanup"), "kept");
 }
 
 TEST(TextFiles, GiveTheFirstWord) {
+    arrange_afresh();
     const std::string spaces(4091, ' '), word(4096 * 250 - 1, '7');
-    std::ofstream("/tmp/word") << spaces << "\t\v\f\r\n" << word << "\xa0\nx";
-    EXPECT_EQ(store::read_first_word("/tmp/word"), word + "\xa0");
-    std::ofstream("/tmp/blank") << spaces;
-    ASSERT_EQ(::mkfifo("/tmp/pipe", 0600), 0);
-    store::write_text("/tmp/pipe", "for no reader");
-    for (const char* path : {"/tmp/blank", "/tmp/pipe", "/tmp", "/tmp/none"})
+    std::ofstream("/var/db/word") << spaces << "\t\v\f\r\n" << word << "\xa0\nx";
+    EXPECT_EQ(store::read_first_word("/var/db/word"), word + "\xa0");
+    std::ofstream("/var/db/blank") << spaces;
+    ASSERT_EQ(::mkfifo("/var/db/pipe", 0600), 0);
+    store::write_text("/var/db/pipe", "for no reader");
+    for (const char* path : {"/var/db/blank", "/var/db/pipe", "/tmp", "/tmp/none"})
         EXPECT_EQ(store::read_first_word(path), "");
 }
 
@@ -52,8 +53,8 @@ TEST(Version, IsAWholeTextOfAnyLength) {
         EXPECT_EQ(parsed(text), "-1-1.-1 tzpublish: Cannot parse version") << text;
     for (const char* text : {"2147483648a", "2016a.99999999999", "2016a.0.2147483648"})
         EXPECT_THROW(orv_version{text}, std::out_of_range) << text;
-    const std::string zeros(1'500'000, '0'), letters(1'500'000, 'a');
-    EXPECT_EQ(orv_version(zeros + "7a").year, 7);
+    const std::string zeros(1 << 20, '0'), letters(1 << 20, 'a');
+    EXPECT_EQ(orv_version(zeros + zeros + "7a").year, 7);
     EXPECT_EQ(orv_version("7" + letters).letter, letters);
     EXPECT_THROW(orv_version("1" + zeros + "a"), std::out_of_range);
 }
@@ -70,5 +71,7 @@ TEST(Version, IsOrderedByEachFieldInTurn) {
 
 TEST(Component, IsComparedWithItsKind) {
     EXPECT_TRUE(orv_zoneinfo().compatible_schema(orv_icu()));
-    EXPECT_NE(printed_by([] { EXPECT_FALSE(orv_icu().compatible_schema(orv_zoneinfo())); }), "");
+    const auto compare = [] { EXPECT_FALSE(orv_icu().compatible_schema(orv_zoneinfo())); };
+    const std::string line = "orv_icu::compatible_schema: could not dynamic_cast other component: ";
+    EXPECT_TRUE(printed_by(compare).starts_with("tzpublish: " + line));
 }

@@ -15,8 +15,6 @@ inline std::string filled_in(std::string text) {
     for (const auto& [name, meaning] : std::vector<std::pair<std::string, std::string>>{
              {"SYSTEM", "zoneinfo -> TREE | /var/db/icutz"},
              {"UPDATE-B", "zoneinfo -> @2016b.1.0/zoneinfo | /var/db/icutz -> @2016b.1.0/icutz"},
-             {"UPDATE-C", "zoneinfo -> @2016c.1.0/zoneinfo | /var/db/icutz -> @2016c.1.0/icutz"},
-             {"RECORD", "TZVersionDiffRecord ="},
              {"FALLBACK", "localtime -> ~/zoneinfo/America/Los_Angeles"},
              {"INVALID", "Invalid current symlinks; resetting to system partition"},
              {"UNUSABLE", "Symlink points at data incompatible with installed system"},
@@ -57,10 +55,10 @@ inline void arrange(const std::string& things) {
 inline void arrange_afresh(const std::string& things = "") {
     arrange(
         "/usr | /var | TREE/+VERSION = 2016a | /usr/share/icu/icutzformat.txt = 44l | SYSTEM |"
-        "TREE/Europe/Paris = | TREE/America/Los_Angeles = | localtime -> ~/zoneinfo/Europe/Paris |"
-        "@2016b.1.0/icutz/icutz44l.dat = | @2016b.1.0/zoneinfo -> TREE | @2016c.1.0/zoneinfo -> "
-        "TREE |"
-        "@2016c.1.0/icutz/icutz44l.dat = | @2016d.1.0/icutz/icutz52l.dat = |" +
+        "localtime -> ~/zoneinfo/Europe/Paris | TREE/Europe/Paris = | TREE/America/Los_Angeles =|"
+        "@2016b.1.0/icutz/icutz44l.dat = | @2016b.1.0/zoneinfo -> TREE |"
+        "@2016c.1.0/icutz/icutz44l.dat = | @2016c.1.0/zoneinfo -> TREE |"
+        "@2016d.1.0/icutz/icutz52l.dat = |" +
         things);
 }
 

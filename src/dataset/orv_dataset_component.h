@@ -26,7 +26,7 @@ public:
 protected:
     /// `path` is the directory of the update that owns the component; empty for the system
     /// partition.
-    explicit orv_dataset_component(std::string path) : dataset_path(std::move(path)) {}
+    explicit orv_dataset_component(std::string path = {}) : dataset_path(std::move(path)) {}
     ~orv_dataset_component() = default;
 
     const std::string dataset_path;
