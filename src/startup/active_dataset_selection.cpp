@@ -6,9 +6,12 @@
 #include "store/text_files.h"
 
 #include <err.h>
+#include <string>
+#include <string_view>
 
 namespace {
 
+/// Returns the path of the latest update; the empty text when none is named.
 std::string read_latest_link() {
     return store::read_symlink(store::latest_link);
 }
@@ -32,10 +35,13 @@ std::string read_current_dataset_path() {
     return dataset_path_from_zoneinfo_link(store::read_symlink(store::zoneinfo_link));
 }
 
+/// Publishes the system partition, read anew. Throws what that throws.
 void reset_to_system_partition() {
     orv_dataset().activate();
 }
 
+/// Returns the path of the data set that is published now; of the system partition, after
+/// publishing it, when the link names none.
 std::string read_current_dataset_path_or_reset() {
     try {
         return read_current_dataset_path();
@@ -46,12 +52,13 @@ std::string read_current_dataset_path_or_reset() {
     }
 }
 
+/// Writes which version has taken the place of which. That it cannot be written changes nothing.
 void record_transition(const orv_dataset& from, const orv_dataset& to) {
     store::write_text(store::transition_record,
                       from.get_version_string() + "_" + to.get_version_string());
 }
 
-void decide() {
+void choose_and_publish() {
     const orv_dataset system;
     const std::string latest_path = read_latest_link();
     const orv_dataset current(read_current_dataset_path_or_reset());
@@ -84,7 +91,7 @@ void decide() {
 
 void select_active_dataset() {
     try {
-        decide();
+        choose_and_publish();
     } catch (...) {
         ::warn("Unable to locate data; resetting to system partition");
         reset_to_system_partition();

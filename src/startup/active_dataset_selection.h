@@ -23,5 +23,5 @@
 /// Before such a decision stands the failure that led to it, where the failing step reports it:
 /// "Bad zoneinfo link TARGET" here, and what the headers of the steps say.
 ///
-/// Throws only if that last reset fails too, which is then reported.
+/// Throws only what that last reset throws; the links then stay as it has left them.
 void select_active_dataset();

@@ -12,7 +12,7 @@
 namespace {
 
 void replace_link(const std::string& target) {
-    (void)std::remove(store::localtime_link); // if it fails, the next call says why
+    (void)std::remove(store::localtime_link); // if it fails, so will the next call
     store::create_symlink(target, store::localtime_link);
 }
 

@@ -12,5 +12,5 @@
 /// To be called once the tree is published, as the zone is looked up through it. What stands in the
 /// link's place is removed, unless it is a directory that is not empty.
 ///
-/// Throws only if the fallback cannot be made either, which is then reported.
+/// Throws only if the fallback cannot be made either, after create_symlink has reported it.
 void repair_localtime_link();

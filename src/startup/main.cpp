@@ -5,13 +5,13 @@
 #include <cstdio>
 
 int main() {
-    // A diagnostic that nobody reads, or a record that hits a size limit, must not end the run
-    // between removing a link and making it again.
+    // A diagnostic that nobody reads, or a record beyond a size limit, is no reason to stop
+    // halfway.
     (void)std::signal(SIGPIPE, SIG_IGN);
     (void)std::signal(SIGXFSZ, SIG_IGN);
 
-    // One write per line, so that the lines of programs that share a log do not mix.
-    static std::array<char, 512> line;
+    // One write for each line that fits, so that the lines of programs that share a log do not mix.
+    static std::array<char, 2048> line;
     (void)std::setvbuf(stderr, line.data(), _IOLBF, line.size());
 
     run_startup_sequence();

@@ -14,8 +14,7 @@ void prepare_store_directories() {
     store::set_path_protection_class(store::updates_directory);
 }
 
-/// A step lets a failure out only when its own last resort has failed. That has been reported, and
-/// what remains is to go on.
+/// A step lets a failure out only when its own last resort has failed. What remains is to go on.
 void run_step(void (*step)()) noexcept {
     try {
         step();
@@ -30,5 +29,5 @@ void run_startup_sequence() noexcept {
     (void)std::remove(store::cleanup_marker);
     (void)std::remove(store::legacy_icu);
     run_step(select_active_dataset);
-    run_step(repair_localtime_link); // last: a zone is looked up in the tree that is now published
+    run_step(repair_localtime_link);
 }

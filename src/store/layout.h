@@ -7,7 +7,7 @@
 
 namespace store {
 
-// Directories of the data store. Both are made by the installer of the system, never here.
+// Directories of the data store. They have to be there: the program makes no directory.
 
 /// The data store.
 inline constexpr const char* store_directory = "/var/db/timezone/";

@@ -14,7 +14,7 @@
 
 namespace store {
 
-/// Thrown by whoever reads a link whose target does not pass its checks.
+/// Thrown by whoever judges a link and finds that its target will not do.
 inline constexpr int invalid_target = -1;
 
 /// Removes the link or file at `path`, never what a link points at. Returns quietly when nothing is

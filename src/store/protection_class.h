@@ -1,8 +1,8 @@
 #pragma once
 
-/// Data-protection classes, for a platform that has none. Such a platform keeps all contents
-/// available as soon as their file system is mounted, which is what the one class in use asks for:
-/// there is nothing to give to a file, and both operations report what the class would report.
+/// Data-protection classes, for a platform that has none. Its files are available once they are
+/// mounted, which is all that the one class in use asks for. So giving a file the class does
+/// nothing and succeeds, and creating a file with it is a plain open.
 
 #include <sys/types.h>
 

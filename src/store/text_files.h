@@ -1,7 +1,8 @@
 #pragma once
 
 /// The small text files of the system: files of one word, which are read, and the record, which is
-/// written. Every failure is silent. Nothing blocks, even when a pipe stands in a file's place.
+/// written. Every failure is silent. A pipe in a file's place is not waited for: it counts as blank
+/// to read, and as one that cannot be opened to write.
 
 #include <string>
 
