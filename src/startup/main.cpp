@@ -5,8 +5,7 @@
 #include <cstdio>
 
 int main() {
-    // A diagnostic that nobody reads, or a record beyond a size limit, is no reason to stop
-    // halfway.
+    // A diagnostic that nobody reads or a record beyond a size limit is no reason to stop halfway.
     (void)std::signal(SIGPIPE, SIG_IGN);
     (void)std::signal(SIGXFSZ, SIG_IGN);
 
