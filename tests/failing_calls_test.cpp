@@ -54,8 +54,7 @@ TEST(WholeRun, GoesOnWhicheverCallFails) {
                 const auto untouched = stored();
                 arrange_afresh(before);
                 const auto printed = printed_by(run_with_a_failure);
-                EXPECT_TRUE(std::regex_match(printed, std::regex("(tzpublish: .+: .+\n)*")))
-                    << printed;
+                EXPECT_TRUE(regex_match(printed, std::regex("(tzpublish: .+: .+\n)*"))) << printed;
                 all_printed += printed;
                 printed_by(run_startup_sequence);
                 EXPECT_TRUE(fs::exists("/var/db/timezone/localtime"));
@@ -64,6 +63,5 @@ TEST(WholeRun, GoesOnWhicheverCallFails) {
             }
             EXPECT_GT(failing, 20);
         }
-    const std::string fts_line = "fts_open of /var/db/timezone/tz/2016b.1.0/icutz failed, ";
-    EXPECT_NE(all_printed.find(fts_line + "Input/output error: Input/output error\n"), -1);
+    EXPECT_NE(all_printed.find("/icutz failed, Input/output error: Input/output error\n"), -1);
 }

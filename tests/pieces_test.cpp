@@ -6,13 +6,11 @@
 
 #include <sys/stat.h>
 
-static int error_of(void (*action)()) {
-    try {
-        action();
-    } catch (int error) {
-        return error;
-    }
+static int error_of(void (*action)()) try {
+    action();
     return 0;
+} catch (int error) {
+    return error;
 }
 
 TEST(Primitives, ThrowTheErrorOfACallAndKeepAMarker) {

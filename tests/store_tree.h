@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 #include <sstream>
@@ -53,13 +54,12 @@ inline void arrange(const std::string& things) {
 /// Puts a system partition 2016a of format 44l in use, with the updates B and C, 2016b.1.0 and
 /// 2016c.1.0, and 2016d.1.0 of another format; then the given things.
 inline void arrange_afresh(const std::string& things = "") {
-    arrange(
-        "/usr | /var | TREE/+VERSION = 2016a | /usr/share/icu/icutzformat.txt = 44l | SYSTEM |"
-        "localtime -> ~/zoneinfo/Europe/Paris | TREE/Europe/Paris = | TREE/America/Los_Angeles =|"
-        "@2016b.1.0/icutz/icutz44l.dat = | @2016b.1.0/zoneinfo -> TREE |"
-        "@2016c.1.0/icutz/icutz44l.dat = | @2016c.1.0/zoneinfo -> TREE |"
-        "@2016d.1.0/icutz/icutz52l.dat = |" +
-        things);
+    arrange("/usr | /var | TREE/+VERSION = 2016a | /usr/share/icu/icutzformat.txt = 44l | SYSTEM |"
+            "localtime -> ~/zoneinfo/Europe/Paris | TREE/Europe/Paris = |"
+            "@2016b.1.0/icutz/icutz44l.dat = | @2016b.1.0/zoneinfo -> TREE |"
+            "@2016c.1.0/icutz/icutz44l.dat = | @2016c.1.0/zoneinfo -> TREE |"
+            "@2016d.1.0/icutz/icutz52l.dat = | TREE/America/Los_Angeles =");
+    arrange(things);
 }
 
 /// Returns a line for each thing below /var/db: a link's target, a file's first word and size.
@@ -75,8 +75,7 @@ inline std::set<std::string> stored() {
 }
 
 /// Returns what the action prints.
-template <typename Action>
-std::string printed_by(Action action) {
+inline std::string printed_by(const std::function<void()>& action) {
     testing::internal::CaptureStderr();
     action();
     return testing::internal::GetCapturedStderr();
