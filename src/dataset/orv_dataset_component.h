@@ -15,7 +15,8 @@
 class orv_dataset_component {
 public:
     /// Whether this component's data format agrees with that of `other`, the component at the same
-    /// position in another data set.
+    /// position in another data set. Neither is changed. Between two of one kind it makes no
+    /// difference which is asked.
     virtual bool compatible_schema(const orv_dataset_component& other) const = 0;
 
     /// Publishes this component: removes the well-known link of its kind and makes it again where

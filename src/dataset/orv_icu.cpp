@@ -40,6 +40,8 @@ void orv_icu::initialize() {
         find_schema_in_file_names();
 }
 
+// The walk has no order but the directory's own. It enters subdirectories and passes over what they
+// hold.
 void orv_icu::find_schema_in_file_names() {
     const dataset::pattern& data_file = data_file_pattern();
     char* const roots[] = {data_dir.data(), nullptr};

@@ -18,8 +18,10 @@ struct orv_version {
     std::int32_t revision = -1;
     std::int32_t subrevision = -1;
 
+    /// The unset version.
     orv_version() = default;
-    /// Parses the text.
+
+    /// Whatever parse leaves, or throws, for the text.
     explicit orv_version(const std::string& text) { parse(text); }
 
     /// Sets all fields from a text that is, from its first byte to its last,

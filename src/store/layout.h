@@ -36,9 +36,11 @@ inline constexpr const char* localtime_link = "/var/db/timezone/localtime";
 /// Link to the directory of the most recently installed update, such as
 /// /var/db/timezone/tz/2016b.1.0; absent when none is installed. Read only.
 inline constexpr const char* latest_link = "/var/db/timezone/tz_latest";
-/// Empty file; there when this run moved publication away from a data set that was in force.
+/// Empty file: the last run moved publication away from a data set that was in force. Each run
+/// begins by deleting that of the one before.
 inline constexpr const char* cleanup_marker = "/var/db/timezone/needs_cleanup";
-/// Previous version text, "_", adopted version text, of the last adoption; no line end.
+/// File that tells of the last adoption: the version text before it, "_", the adopted version text
+/// and no line end, such as 2016a.1.0_2016b.1.0. Version texts hold no "_".
 inline constexpr const char* transition_record = "/var/db/timezone/TZVersionDiffRecord";
 
 // The system partition; read only.
@@ -63,7 +65,8 @@ inline constexpr const char* icu_format_file = "/icutzformat.txt";
 
 /// Older systems published ICU data here; deleted on every run.
 inline constexpr const char* legacy_icu = "/var/db/icu";
-/// Local-time targets of older systems begin with this; nothing is opened there.
+/// Local-time targets of older systems begin with this, /usr/share/zoneinfo/Europe/Paris for
+/// example; nothing is opened there.
 inline constexpr const char* legacy_zoneinfo = "/usr/share/zoneinfo";
 /// The zone that a local-time link beyond repair is reset to, and the target that this means.
 inline constexpr const char* fallback_zone = "America/Los_Angeles";
