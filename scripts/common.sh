@@ -45,7 +45,7 @@ build_packages=(cmake g++ ninja-build)
 make_root() {
     root=$(mktemp -d)
     trap 'trap "" HUP INT TERM; rm -rf "$root"' EXIT
-    trap 'exit 1' HUP INT TERM # not before what runs now has ended, which may write in there
+    trap 'exit 1' HUP INT TERM # bash waits for the running command first, which may write there
 }
 
 # install_program FILE... copies programs into the root, with the libraries that they load.

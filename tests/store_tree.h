@@ -16,6 +16,7 @@ inline std::string filled_in(std::string text) {
     for (const auto& [name, meaning] : std::vector<std::pair<std::string, std::string>>{
              {"SYSTEM", "zoneinfo -> TREE | /var/db/icutz"},
              {"UPDATE-B", "zoneinfo -> @2016b.1.0/zoneinfo | /var/db/icutz -> @2016b.1.0/icutz"},
+             {"UPDATE-C", "zoneinfo -> @2016c.1.0/zoneinfo | /var/db/icutz -> @2016c.1.0/icutz"},
              {"FALLBACK", "localtime -> ~/zoneinfo/America/Los_Angeles"},
              {"INVALID", "Invalid current symlinks; resetting to system partition"},
              {"UNUSABLE", "Symlink points at data incompatible with installed system"},

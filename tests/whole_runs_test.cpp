@@ -38,9 +38,9 @@ TEST(WholeRun, DecidesAndGoesOnIfTheLastResortFails) {
 
         tz_latest -> @2016b.1.0 ;; UPDATE-B | TZVersionDiffRecord = 2016a.1.0_2016b.1.0
         tz_latest -> @2016b.1.0 | zoneinfo ; Bad zoneinfo link .* | INVALID ; UPDATE-B | TZVersionDiffRecord = 2016a.1.0_2016b.1.0
-        tz_latest -> @2016c.1.0 | UPDATE-B | TZVersionDiffRecord = of_an_earlier_adoption ;; zoneinfo -> @2016c.1.0/zoneinfo | /var/db/icutz -> @2016c.1.0/icutz | needs_cleanup = | TZVersionDiffRecord = 2016b.1.0_2016c.1.0
+        tz_latest -> @2016c.1.0 | UPDATE-B | TZVersionDiffRecord = of_an_earlier_adoption ;; UPDATE-C | needs_cleanup = | TZVersionDiffRecord = 2016b.1.0_2016c.1.0
         tz_latest -> @2016b.1.0 | UPDATE-B | TZVersionDiffRecord = kept | needs_cleanup = | /var/db/icu = ; NOT-NEWER ; needs_cleanup | /var/db/icu
-        tz_latest -> @2016b.1.0 | zoneinfo -> @2016c.1.0/zoneinfo | /var/db/icutz -> @2016c.1.0/icutz ; NOT-NEWER ;
+        tz_latest -> @2016b.1.0 | UPDATE-C ; NOT-NEWER ;
         tz_latest -> @2016d.1.0 | UPDATE-B ; NOT-NEWER ;
         tz_latest -> @2016c.1.0/ ; Cannot parse version string 2016c.1.0/, .*0 | Cannot parse version string 2016c.1.0/ | NOT-NEWER ;
         tz_latest -> @2016c.1.2147483648 | UPDATE-B ; NO-DATA ; SYSTEM
@@ -48,13 +48,18 @@ TEST(WholeRun, DecidesAndGoesOnIfTheLastResortFails) {
         tz_latest -> ~/TZ/2016c | UPDATE-B ; orv_dataset::create_components: bad path ~/TZ/2016c | NO-DATA ; SYSTEM
         tz_latest -> @ | UPDATE-B ; orv_dataset::create_components: bad path @ | NO-DATA ; SYSTEM
         tz_latest -> @2016b.1.0 | UPDATE-B | TREE/+VERSION = 2016c ; UNUSABLE | NOT-NEWER ; SYSTEM | needs_cleanup =
-        tz_latest -> @2016c.1.0 | UPDATE-B | TREE/+VERSION = 2016z ; UNUSABLE ; zoneinfo -> @2016c.1.0/zoneinfo | /var/db/icutz -> @2016c.1.0/icutz | needs_cleanup = | TZVersionDiffRecord = 2016z.1.0_2016c.1.0
+        tz_latest -> @2016c.1.0 | UPDATE-B | TREE/+VERSION = 2016z ; UNUSABLE ; UPDATE-C | needs_cleanup = | TZVersionDiffRecord = 2016z.1.0_2016c.1.0
         tz_latest -> @2016b.1.0 | TREE/+VERSION ; (Cannot parse version string .1.0.*\n.*){3}Cannot parse version string .1.0 ; UPDATE-B | TZVersionDiffRecord = .1.0_2016b.1.0
         tz_latest -> @2016b.1.0 | TZVersionDiffRecord / ;; UPDATE-B
 
-        zoneinfo / | localtime ; read_symlink: ~/zoneinfo: Invalid argument | INVALID | remove: could not remove ~/zoneinfo: Is a directory | Unlink of zoneinfo softlink failed: Is a directory | create_symlink: from ~/zoneinfo to TREE: File exists | NO-DATA | remove: .* | Unlink .* | create_symlink: .* | NO-ZONE ; FALLBACK
-        tz_latest -> @2016b.1.0 | /var/db/icutz / ; remove: could not remove /var/db/icutz: Is a directory | unlink of ICU softlink failed: Is a directory | create_symlink: from /var/db/icutz to @2016b.1.0/icutz: File exists | NO-DATA | remove: .* | unlink of .* ;
-        ~ ; Bad zoneinfo link .* | INVALID | create_symlink: .*/zoneinfo to .* | NO-DATA | create_symlink: .* | NO-ZONE | create_symlink: from ~/localtime to ~/zoneinfo/America/Los_Angeles: No such file or directory ;
+        zoneinfo / | localtime ; read_symlink: ~/zoneinfo: Invalid argument | INVALID | remove: could not remove ~/zoneinfo: Is a directory |
+            Unlink of zoneinfo softlink failed: Is a directory | create_symlink: from ~/zoneinfo to TREE: File exists | NO-DATA | remove: .* |
+            Unlink .* | create_symlink: .* | NO-ZONE ; FALLBACK
+        tz_latest -> @2016b.1.0 | /var/db/icutz / ; remove: could not remove /var/db/icutz: Is a directory |
+            unlink of ICU softlink failed: Is a directory | create_symlink: from /var/db/icutz to @2016b.1.0/icutz: File exists | NO-DATA |
+            remove: .* | unlink of .* ;
+        ~ ; Bad zoneinfo link .* | INVALID | create_symlink: .*/zoneinfo to .* | NO-DATA | create_symlink: .* | NO-ZONE |
+            create_symlink: from ~/localtime to ~/zoneinfo/America/Los_Angeles: No such file or directory ;
         UPDATE-B | TREE/+VERSION = 99999999999999999999a ; NO-DATA: Numerical result out of range ;
         zoneinfo -> @2016d.1.0/zoneinfo | needs_cleanup/x = ; UNUSABLE | Cannot touch file ~/needs_cleanup: Is a directory ; SYSTEM
     )");

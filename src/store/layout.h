@@ -40,7 +40,7 @@ inline constexpr const char* latest_link = "/var/db/timezone/tz_latest";
 /// begins by deleting that of the one before.
 inline constexpr const char* cleanup_marker = "/var/db/timezone/needs_cleanup";
 /// File that tells of the last adoption: the version text before it, "_", the adopted version text
-/// and no line end, such as 2016a.1.0_2016b.1.0. Version texts hold no "_".
+/// and no line end, such as 2016a.1.0_2016b.1.0. A version that parses holds no "_".
 inline constexpr const char* transition_record = "/var/db/timezone/TZVersionDiffRecord";
 
 // The system partition; read only.
