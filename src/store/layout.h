@@ -1,85 +1,96 @@
 #pragma once
 
-/// The fixed paths of the system partition and of the data store, each written once, with what
-/// stands there. All are absolute; nothing configures them.
+/// Every fixed path of the program, with what stands there. None can be configured.
 
 #include <string_view>
 
 namespace store {
 
-// Directories of the data store. They have to be there: the program makes no directory.
+// The store's directories. The program creates no directories: both must exist.
 
-/// The data store.
+/// The store itself.
 inline constexpr const char* store_directory = "/var/db/timezone/";
-/// One subdirectory per installed update, named by its version text:
+
+/// Holds one directory for each installed update, named after its version:
 ///
-///     2016b.1.0/zoneinfo/+VERSION         the version of its zoneinfo data, 2016b
-///     2016b.1.0/zoneinfo/Europe/Paris     a zone, and so on
-///     2016b.1.0/icutz/icutz44l.dat        its ICU data, of the format 44l
+///     2016b.1.0/zoneinfo/+VERSION         the version of its zone data, 2016b
+///     2016b.1.0/zoneinfo/Europe/Paris     a zone, among others
+///     2016b.1.0/icutz/icutz44l.dat        its ICU data, in format 44l
 ///
-/// The text is also the prefix of every update's data-set path.
+/// This path, closing slash included, is the prefix of every update's path.
 inline constexpr const char* updates_directory = "/var/db/timezone/tz/";
 
-// Links that publish the choice.
+// The links that publish the chosen data set.
 
-/// Link to the zoneinfo tree in use. Its target is system_zoneinfo, to the byte, or a directory
-/// inside an update, such as /var/db/timezone/tz/2016b.1.0/zoneinfo; any other is invalid.
+/// Link to the zoneinfo tree in use. Its target is exactly system_zoneinfo or a directory inside an
+/// update, such as /var/db/timezone/tz/2016b.1.0/zoneinfo; anything else is invalid.
 inline constexpr const char* zoneinfo_link = "/var/db/timezone/zoneinfo";
-/// Link to "icutz" inside the update in use; absent while the system partition is in use.
+
+/// Link to the ICU data of the update in use; absent while the system partition is in use.
 inline constexpr const char* icu_link = "/var/db/icutz";
-/// Link to the local zone's file, as a path through zoneinfo_link, so that the zone follows the
-/// tree in use: /var/db/timezone/zoneinfo/Europe/Paris for example.
+
+/// Link to the local zone. The target leads through zoneinfo_link, so that the zone comes from the
+/// tree in use: /var/db/timezone/zoneinfo/Europe/Paris.
 inline constexpr const char* localtime_link = "/var/db/timezone/localtime";
 
-// What the installer of updates leaves for this program, and this program for the clean-up.
+// Exchanged with the programs that install updates and clean up after them.
 
-/// Link to the directory of the most recently installed update, such as
-/// /var/db/timezone/tz/2016b.1.0; absent when none is installed. Read only.
+/// Link to the most recently installed update, such as /var/db/timezone/tz/2016b.1.0; absent while
+/// none is installed. Only read.
 inline constexpr const char* latest_link = "/var/db/timezone/tz_latest";
-/// Empty file: the last run moved publication away from a data set that was in force. Each run
-/// begins by deleting that of the one before.
+
+/// Empty file: the last run found the published update unusable, or replaced it with a newer one.
+/// Every run begins by deleting it.
 inline constexpr const char* cleanup_marker = "/var/db/timezone/needs_cleanup";
-/// File that tells of the last adoption: the version text before it, "_", the adopted version text
-/// and no line end, such as 2016a.1.0_2016b.1.0. A version that parses holds no "_".
+
+/// File recording the last adoption: the version replaced, "_", the version adopted, no newline:
+/// 2016a.1.0_2016b.1.0. A version that parses contains no "_".
 inline constexpr const char* transition_record = "/var/db/timezone/TZVersionDiffRecord";
 
-// The system partition; read only.
+// The system partition. Only read.
 
-/// The system partition's zoneinfo tree, as zoneinfo_link names it.
+/// The system partition's zoneinfo tree, and the target of zoneinfo_link while it is in use.
 inline constexpr const char* system_zoneinfo = "/usr/share/zoneinfo.default";
-/// The system partition's ICU data; holds icu_format_file.
+
+/// The system partition's ICU data, including icu_format_file.
 inline constexpr const char* system_icu = "/usr/share/icu";
 
-// Names inside a data set, with the separator, as they are appended to a path.
+// Names inside a data set, each with a leading "/" for appending to a path.
 
-/// The zoneinfo tree inside an update's directory.
+/// In an update: its zoneinfo tree.
 inline constexpr const char* update_zoneinfo = "/zoneinfo";
-/// The ICU data inside an update's directory.
+
+/// In an update: its ICU data.
 inline constexpr const char* update_icu = "/icutz";
-/// Inside a zoneinfo tree: a text whose first word is the version of the data.
+
+/// In a zoneinfo tree: a text file whose first word is the version of the data.
 inline constexpr const char* version_file = "/+VERSION";
-/// Inside system_icu: a text whose first word is the format tag of the ICU data.
+
+/// In system_icu: a text file whose first word is the format tag of the ICU data.
 inline constexpr const char* icu_format_file = "/icutzformat.txt";
 
-// Older layouts, and the local zone of last resort.
+// Left by older systems.
 
-/// Older systems published ICU data here; deleted on every run.
+/// Older systems published ICU data here. Every run deletes it.
 inline constexpr const char* legacy_icu = "/var/db/icu";
-/// Local-time targets of older systems begin with this, /usr/share/zoneinfo/Europe/Paris for
-/// example; nothing is opened there.
-inline constexpr const char* legacy_zoneinfo = "/usr/share/zoneinfo";
-/// The zone that a local-time link beyond repair is reset to, and the target that this means.
+
+/// Prefix of the local-time targets that older systems made, such as
+/// /usr/share/zoneinfo/Europe/Paris. Nothing is opened there.
+inline constexpr std::string_view legacy_zoneinfo = "/usr/share/zoneinfo";
+
+// The last resort for the local time.
+
+/// The zone that an irreparable local-time link is reset to.
 inline constexpr const char* fallback_zone = "America/Los_Angeles";
+
+/// The target of the link then.
 inline constexpr const char* fallback_localtime = "/var/db/timezone/zoneinfo/America/Los_Angeles";
 
-/// Returns what follows updates_directory in a path below it, 2016b.1.0/zoneinfo for example;
-/// empty when the path is updates_directory itself or does not begin with it.
+/// Returns the part of a path after updates_directory, such as 2016b.1.0/zoneinfo; empty if there
+/// is none.
 constexpr std::string_view below_updates_directory(std::string_view path) {
-    if (path.starts_with(updates_directory))
-        path.remove_prefix(std::string_view(updates_directory).size());
-    else
-        path = {};
-    return path;
+    constexpr std::string_view prefix = updates_directory;
+    return path.starts_with(prefix) ? path.substr(prefix.size()) : std::string_view();
 }
 
 } // namespace store

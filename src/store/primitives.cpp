@@ -12,6 +12,22 @@
 
 namespace store {
 
+namespace {
+
+/// Creates the file if it is missing; leaves it alone otherwise. Returns whether it could be
+/// opened, queried and closed.
+bool touch(const char* path) {
+    const int file = create_with_protection_class(path, O_RDWR | O_CREAT,
+                                                  protection_class_always_available, 0, 0666);
+    if (file < 0)
+        return false;
+    struct stat status;
+    const bool queried = ::fstat(file, &status) == 0;
+    return ::close(file) == 0 && queried;
+}
+
+} // namespace
+
 void remove(const char* path) {
     if (::unlink(path) == 0 || errno == ENOENT)
         return;
@@ -41,15 +57,7 @@ void create_symlink(const std::string& target, const char* link_path) {
 }
 
 void mark_needs_cleanup() noexcept {
-    const int marker = create_with_protection_class(cleanup_marker, O_RDWR | O_CREAT,
-                                                    protection_class_always_available, 0, 0666);
-    bool touched = marker >= 0;
-    if (touched) {
-        struct stat status {};
-        touched = ::fstat(marker, &status) == 0;
-        touched = ::close(marker) == 0 && touched;
-    }
-    if (!touched)
+    if (!touch(cleanup_marker))
         ::warn("Cannot touch file %s", cleanup_marker);
 }
 

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <unistd.h>
 
+// Plain calls, as opening a stream waits for the other end of a pipe, and a boot would wait too.
+
 namespace store {
 
 std::string read_first_word(const std::string& path) {
@@ -15,7 +17,8 @@ std::string read_first_word(const std::string& path) {
     if (file < 0)
         return word;
     std::array<char, 4096> buffer;
-    for (ssize_t length = 0; (length = ::read(file, buffer.data(), buffer.size())) > 0;) {
+    ssize_t length = 0;
+    while ((length = ::read(file, buffer.data(), buffer.size())) > 0) {
         std::string_view bytes(buffer.data(), static_cast<std::size_t>(length));
         if (word.empty())
             bytes.remove_prefix(std::min(bytes.find_first_not_of(white_space), bytes.size()));

@@ -1,21 +1,21 @@
 #pragma once
 
-/// The small text files of the system: files of one word, which are read, and the record, which is
-/// written. Every failure is silent. A pipe in a file's place is not waited for: it counts as blank
-/// to read, and as one that cannot be opened to write.
+/// Reads the first word of small text files and writes the record. Failures are silent. Neither
+/// call waits for the other end of a pipe: it reads as blank, and is not written unless someone
+/// reads it.
 
 #include <string>
 
 namespace store {
 
-/// Returns the first word of the file at `path`, of whatever length: the bytes after any leading
-/// white space, up to the next white space or the end of the file. White space is space, tab and
-/// \n, \v, \f, \r, never a byte above 127. A file of "\n 2016a x" gives 2016a; one that is missing,
-/// unreadable or blank gives the empty text.
+/// Returns the first word of the file at `path`, of any length: the bytes after leading white
+/// space, up to the next white space or the end. White space is space, \t, \n, \v, \f and \r only.
+/// A file containing "\n 2016a x" gives 2016a. A file that is missing, unreadable or blank gives
+/// the empty string; a read that fails halfway counts as the end.
 std::string read_first_word(const std::string& path);
 
-/// Makes `text` the whole contents of the file at `path`, which is created when missing. If it
-/// cannot be opened, what stands there stays as it is.
+/// Replaces the contents of the file with `text`, creating it if necessary. A file that cannot be
+/// opened is left as it is.
 void write_text(const char* path, const std::string& text);
 
 } // namespace store
