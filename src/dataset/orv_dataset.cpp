@@ -13,8 +13,8 @@ orv_dataset::orv_dataset(std::string path) : dataset_path(std::move(path)) {
     create_components();
 }
 
-// The order shows in the diagnostics, and in the files that are read: a tree is looked into even if
-// its path is then refused.
+// The order shows in the diagnostics and in the files read: the tree is read even if the path is
+// then rejected.
 void orv_dataset::create_components() {
     const auto zoneinfo = std::make_shared<orv_zoneinfo>(dataset_path);
     if (dataset_path.empty())

@@ -14,12 +14,9 @@
 
 namespace {
 
-const dataset::pattern& data_file_pattern() {
-    static const dataset::pattern compiled(R"(icutz([0-9]+[lbe])\.dat)", dataset::pattern_syntax);
-    return compiled;
-}
+using directory_walk = std::unique_ptr<FTS, decltype([](FTS* walk) { ::fts_close(walk); })>;
 
-/// A regular file directly inside the root of the walk that everyone may read.
+/// A regular file, directly inside the root of the walk, that everyone may read.
 bool may_be_data_file(const FTSENT& entry) {
     return entry.fts_errno == 0 && entry.fts_level == 1 && entry.fts_namelen != 0 &&
            entry.fts_info == FTS_F && (entry.fts_statp->st_mode & S_IROTH) != 0;
@@ -40,13 +37,12 @@ void orv_icu::initialize() {
         find_schema_in_file_names();
 }
 
-// The walk has no order but the directory's own. It enters subdirectories and passes over what they
-// hold.
+// Unsorted: the first match in directory order wins. Subdirectories are walked too, but nothing in
+// them counts.
 void orv_icu::find_schema_in_file_names() {
-    const dataset::pattern& data_file = data_file_pattern();
+    static const dataset::pattern data_file(R"(icutz([0-9]+[lbe])\.dat)", dataset::pattern_syntax);
     char* const roots[] = {data_dir.data(), nullptr};
-    const std::unique_ptr<FTS, decltype([](FTS* opened) { ::fts_close(opened); })> walk(
-        ::fts_open(roots, FTS_COMFOLLOW | FTS_PHYSICAL | FTS_XDEV, nullptr));
+    const directory_walk walk(::fts_open(roots, FTS_COMFOLLOW | FTS_PHYSICAL | FTS_XDEV, nullptr));
     if (!walk) {
         const int error = errno;
         ::warn("tz_icu::initialize: fts_open of %s failed, %s", data_dir.c_str(),

@@ -2,29 +2,32 @@
 
 #include "dataset/orv_dataset_component.h"
 
-/// A data set's ICU time-zone data, published as store::icu_link; the system partition's is used
-/// where it stands, without a link. Its format tag, such as 44l, decides whether the installed
-/// system can read it.
+/// A data set's ICU time-zone data. An update's is published as store::icu_link; the system
+/// partition's is used in place. The format tag, such as 44l, tells whether the installed system
+/// can read the data.
 class orv_icu final : public orv_dataset_component {
 public:
-    /// Finds the format tag; without one it is empty, and nothing is reported.
+    /// Finds the format tag; if there is none, it is empty and nothing is reported.
     ///
-    /// The system partition, the default, states it as the first word of store::icu_format_file.
-    /// An update carries it in the name of a data file, such as icutz44l.dat: the first one, in the
-    /// order of the directory, that is a regular file directly inside store::update_icu, may be
-    /// read by everyone, and is named icutz, digits, one of the letters l, b and e, and .dat.
+    /// For the system partition, the default, it is the first word of store::icu_format_file. For
+    /// an update it is part of a file name:
     ///
-    /// Throws the int errno of a directory walk that cannot be opened, after "tz_icu::initialize:
-    /// fts_open of DIRECTORY failed, REASON".
+    ///     "icutz" digits ( "l" | "b" | "e" ) ".dat"
+    ///
+    /// The first such name, in directory order, of a regular file directly inside store::update_icu
+    /// that everyone may read counts.
+    ///
+    /// Throws the errno of a directory walk that cannot be opened, as an int, after
+    /// "tz_icu::initialize: fts_open of DIRECTORY failed, REASON".
     explicit orv_icu(const std::string& path = {});
 
-    /// Whether both format tags are equal, two empty ones included. False for an `other` of
-    /// another kind, after "orv_icu::compatible_schema: could not dynamic_cast other component".
+    /// Returns whether the tags are equal; two empty ones are. Prints "orv_icu::compatible_schema:
+    /// could not dynamic_cast other component" and returns false if `other` is no orv_icu.
     bool compatible_schema(const orv_dataset_component& other) const override;
 
-    /// Points store::icu_link at an update's data; for the system partition it only removes the
-    /// link. A link that cannot be removed is reported a second time, with "unlink of ICU softlink
-    /// failed". Throws the int errno of a link that cannot be made.
+    /// For an update, points store::icu_link at its data; for the system partition, only removes
+    /// the link. A failed removal is reported again, as "unlink of ICU softlink failed". Throws the
+    /// errno of a failed creation, as an int.
     void activate() const override;
 
 private:

@@ -7,8 +7,8 @@
 namespace dataset {
 
 /// The standard traits without what only the bracket forms [[=x=]] and [[:class:]] need. The
-/// library asks for both once for each of the 256 characters of every bracket expression, which
-/// makes up five sixths of the cost of compiling a pattern.
+/// library asks for both, for each of the 256 characters of every bracket expression. That takes
+/// five sixths of the time of compiling a pattern.
 struct plain_bracket_traits : std::regex_traits<char> {
     template <typename Iterator>
     string_type transform_primary(Iterator /*first*/, Iterator /*last*/) const {
@@ -19,13 +19,13 @@ struct plain_bracket_traits : std::regex_traits<char> {
     }
 };
 
-/// A compiled pattern. Compile a constant one in a function's static variable: a run that does not
-/// need it then never pays for it.
+/// A compiled pattern. Make constant patterns function-local statics: a run that does not use one
+/// does not pay for it.
 using pattern = std::basic_regex<char, plain_bracket_traits>;
 
 #ifdef __GLIBCXX__
-/// This library matches by recursion unless told otherwise: a text of some 50,000 characters would
-/// overflow the stack.
+/// By default this library matches by recursion, and a text of some 50,000 characters overflows the
+/// stack. This option makes it match without.
 inline constexpr auto pattern_syntax =
     std::regex_constants::ECMAScript | std::regex_constants::__polynomial;
 #else
