@@ -1,27 +1,29 @@
 #pragma once
 
 /// Decides which data set is published, and publishes it. Three take part: the system partition's;
-/// the current one, which store::zoneinfo_link names; and the latest update, which
-/// store::latest_link names. An update fits the system if the system can read its ICU format.
+/// the current one, named by store::zoneinfo_link; and the latest update, named by
+/// store::latest_link. A data set is compatible if its ICU format is the system partition's.
 ///
-/// First the current data set is judged:
+/// First the current data set:
 ///
 ///     the link is missing or        "Invalid current symlinks; resetting to system partition":
 ///     names no data set             the system partition is published, and is current
-///     it does not fit, or is        "Symlink points at data incompatible with installed system":
-///     older than the system's       the system partition is published, the marker is made
-///     else                          it stays
+///     it is not compatible, or      "Symlink points at data incompatible with installed system":
+///     older than the system's       the system partition is published, the marker created
+///     otherwise                     it stays published
 ///
-/// Then the latest update, if one is named:
+/// Then the latest update, if there is one:
 ///
-///     it does not fit, or is not    "New update not compatible or older version":
-///     newer than the current one    nothing changes
-///     else                          it is published; the marker is made if it takes the place of
-///                                   an update; the transition is recorded
+///     it is not compatible, or      "New update not compatible or older version":
+///     not newer than the current    nothing changes
+///     otherwise                     it is published, and the transition recorded; the marker is
+///                                   created if it replaces an update
 ///
-/// Whatever else fails ends the selection: "Unable to locate data; resetting to system partition".
-/// Before such a decision stands the failure that led to it, where the failing step reports it:
-/// "Bad zoneinfo link TARGET" here, and what the headers of the steps say.
+/// It is compared with the current data set even if that has just been found unusable.
 ///
-/// Throws only what that last reset throws; the links then stay as it has left them.
+/// Any other failure ends the selection: "Unable to locate data; resetting to system partition".
+/// The line before usually gives the cause: "Bad zoneinfo link TARGET", or what the headers of
+/// src/dataset and src/store quote.
+///
+/// Throws only if that last reset fails; the links then stay as they are.
 void select_active_dataset();

@@ -6,13 +6,12 @@
 #include <cstdio>
 #include <err.h>
 #include <string>
-#include <string_view>
 #include <unistd.h>
 
 namespace {
 
 void replace_link(const std::string& target) {
-    (void)std::remove(store::localtime_link); // if it fails, so will the next call
+    (void)std::remove(store::localtime_link); // a failure that matters shows in the next call
     store::create_symlink(target, store::localtime_link);
 }
 
@@ -22,7 +21,7 @@ void keep_or_correct_link() {
         return;
     if (!target.starts_with(store::legacy_zoneinfo))
         throw store::invalid_target;
-    target.replace(0, std::string_view(store::legacy_zoneinfo).size(), store::zoneinfo_link);
+    target.replace(0, store::legacy_zoneinfo.size(), store::zoneinfo_link);
     ::warn("Correcting localtime link to %s", target.c_str());
     if (::access(target.c_str(), F_OK) != 0)
         throw store::invalid_target;

@@ -1,16 +1,16 @@
 #pragma once
 
-/// Makes store::localtime_link lead into the published zoneinfo tree, by its target:
+/// Makes store::localtime_link lead into the published tree. What happens depends on its target:
 ///
-///     zoneinfo_link...                 is kept, whether or not it exists
-///     legacy_zoneinfo...               is rewritten to name the same zone in the published tree,
-///                                      after "Correcting localtime link to TARGET"; if that zone
-///                                      is not there, it counts as the next
-///     anything else, or no link        is replaced by store::fallback_localtime, after "localtime
-///                                      link invalid; resetting to America/Los_Angeles"
+///     zoneinfo_link...          is kept, even if dangling
+///     legacy_zoneinfo...        is rewritten to name the same zone in the published tree, after
+///                               "Correcting localtime link to TARGET"; if that zone does not
+///                               exist, as below:
+///     anything else, or no      is replaced with store::fallback_localtime, after "localtime link
+///     link                      invalid; resetting to America/Los_Angeles"
 ///
-/// To be called once the tree is published, as the zone is looked up through it. What stands in the
-/// link's place is removed, unless it is a directory that is not empty.
+/// Call after publishing: the zone is looked up through the published tree. Whatever stands in the
+/// link's place is removed, except a non-empty directory.
 ///
-/// Throws only if the fallback cannot be made either, after create_symlink has reported it.
+/// Throws only if the fallback link cannot be created either; that has been reported.
 void repair_localtime_link();

@@ -5,11 +5,12 @@
 #include <cstdio>
 
 int main() {
-    // A diagnostic that nobody reads or a record beyond a size limit is no reason to stop halfway.
+    // A closed log, or a limit on the size of files, must not kill the run halfway.
     (void)std::signal(SIGPIPE, SIG_IGN);
     (void)std::signal(SIGXFSZ, SIG_IGN);
 
-    // One write for each line that fits, so that the lines of programs that share a log do not mix.
+    // Write each line with one call, so that it stays whole in a shared log. With an array of its
+    // own, this neither allocates memory nor queries the log, and so cannot fail.
     static std::array<char, 2048> line;
     (void)std::setvbuf(stderr, line.data(), _IOLBF, line.size());
 

@@ -14,7 +14,8 @@ void prepare_store_directories() {
     store::set_path_protection_class(store::updates_directory);
 }
 
-/// A step lets a failure out only when its own last resort has failed. What remains is to go on.
+/// Runs a step. One that throws has failed in its fallback too, and has reported it; the run goes
+/// on.
 void run_step(void (*step)()) noexcept {
     try {
         step();
