@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <err.h>
+#include <memory>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 orv_dataset::orv_dataset(std::string path) : dataset_path(std::move(path)) {
@@ -31,8 +33,8 @@ void orv_dataset::create_components() {
 }
 
 bool orv_dataset::compatible(const orv_dataset& other) const {
-    return std::equal(
-        components.begin(), components.end(), other.components.begin(), other.components.end(),
+    return std::ranges::equal(
+        components, other.components,
         [](const auto& ours, const auto& theirs) { return ours->compatible_schema(*theirs); });
 }
 

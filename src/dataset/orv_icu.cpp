@@ -1,5 +1,6 @@
 #include "dataset/orv_icu.h"
 
+#include "dataset/orv_dataset_component.h"
 #include "dataset/pattern.h"
 #include "store/layout.h"
 #include "store/primitives.h"
@@ -10,6 +11,8 @@
 #include <err.h>
 #include <fts.h>
 #include <memory>
+#include <regex>
+#include <string>
 #include <sys/stat.h>
 
 namespace {

@@ -2,7 +2,10 @@
 
 #include "dataset/pattern.h"
 
+#include <cstdint>
 #include <err.h>
+#include <regex>
+#include <string>
 
 namespace {
 

@@ -1,10 +1,12 @@
 #include "dataset/orv_zoneinfo.h"
 
+#include "dataset/orv_dataset_component.h"
 #include "store/layout.h"
 #include "store/primitives.h"
 #include "store/text_files.h"
 
 #include <err.h>
+#include <string>
 
 orv_zoneinfo::orv_zoneinfo(const std::string& path)
     : orv_dataset_component(path),

@@ -14,12 +14,11 @@ void prepare_store_directories() {
     store::set_path_protection_class(store::updates_directory);
 }
 
-/// Runs a step. One that throws has failed in its fallback too, and has reported it; the run goes
-/// on.
+/// Runs a step. One that throws has failed in its fallback too; the run goes on.
 void run_step(void (*step)()) noexcept {
     try {
         step();
-    } catch (...) {
+    } catch (...) { // reported
     }
 }
 

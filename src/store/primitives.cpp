@@ -5,9 +5,12 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <err.h>
 #include <fcntl.h>
+#include <string>
 #include <sys/stat.h>
+#include <sys/types.h>
 #include <unistd.h>
 
 namespace store {

@@ -1,6 +1,7 @@
 #include "store/protection_class.h"
 
 #include <fcntl.h>
+#include <sys/types.h>
 
 namespace store {
 

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <fcntl.h>
+#include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <unistd.h>
 
 // Plain calls, as opening a stream waits for the other end of a pipe, and a boot would wait too.
