@@ -2,6 +2,9 @@
 # shellcheck shell=bash
 
 set -euo pipefail
+export LC_ALL=C
+# shellcheck disable=SC2034 # the scripts that source this name it
+store=/var/db/timezone
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 fail() {
@@ -17,7 +20,7 @@ install_packages() {
             missing+=("$package")
     done
     [[ ${#missing[@]} -gt 0 ]] || return 0
-    if [[ $(id -u) -ne 0 ]]; then
+    if [[ $EUID -ne 0 ]]; then
         sudo -n true 2>/dev/null ||
             fail "these packages are missing, and only root can install them: ${missing[*]}"
         as_root=(sudo -n)
@@ -59,12 +62,16 @@ install_program() {
     done
 }
 
-# in_root COMMAND... runs a command inside the root, as root there: by chroot, in a user namespace
-# for an ordinary user.
-in_root() {
-    if [[ $(id -u) -eq 0 ]]; then
-        chroot "$root" "$@"
+# as_root COMMAND... runs a command as root; for an ordinary user, in a user namespace.
+as_root() {
+    if [[ $EUID -eq 0 ]]; then
+        "$@"
     else
-        unshare --map-root-user --root="$root" "$@"
+        unshare --map-root-user "$@"
     fi
+}
+
+# in_root COMMAND... runs a command inside the root, as root there.
+in_root() {
+    as_root chroot "$root" "$@"
 }
