@@ -25,17 +25,20 @@ install_packages() {
             fail "these packages are missing, and only root can install them: ${missing[*]}"
         as_root=(sudo -n)
     fi
-    printf 'Installing %s\n' "${missing[*]}" >&2
+    local log
     local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0)
-    if ! { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } \
-        </dev/null >&2; then
+    printf 'Installing %s ...\n' "${missing[*]}" >&2
+    if ! log=$({ "${apt[@]}" update &&
+        "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; } 2>&1 </dev/null); then
+        printf '%s\n' "$log" >&2
         fail "these packages could not be installed: ${missing[*]}"
     fi
 }
 
-# build PRESET configures and builds, and is quiet unless it fails.
+# build PRESET configures and builds; what that prints is shown only if it fails.
 build() {
     local log
+    printf 'Building in build/%s ...\n' "$1" >&2
     if ! log=$(cmake --preset "$1" 2>&1 && cmake --build --preset "$1" 2>&1); then
         printf '%s\n' "$log" >&2
         fail "the $1 build failed"
