@@ -2,10 +2,10 @@
 # shellcheck shell=bash
 
 set -euo pipefail
-export LC_ALL=C
-# shellcheck disable=SC2034 # the scripts that source this name it
-store=/var/db/timezone
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+export LC_ALL=C # programs print alike everywhere
+# shellcheck disable=SC2034 # named by those that source this
+store=/var/db/timezone build_packages=(cmake g++ ninja-build)
 
 fail() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
@@ -35,21 +35,27 @@ install_packages() {
     fi
 }
 
-# build PRESET configures and builds; what that prints is shown only if it fails.
+# build PRESET configures and builds, one script at a time; what that prints is shown only if it
+# fails.
 build() {
     local log
     printf 'Building in build/%s ...\n' "$1" >&2
-    if ! log=$(cmake --preset "$1" 2>&1 && cmake --build --preset "$1" 2>&1); then
+    mkdir -p build
+    if ! log=$(flock build sh -c "cmake --preset $1 && cmake --build --preset $1" 2>&1); then
         printf '%s\n' "$log" >&2
         fail "the $1 build failed"
     fi
 }
-# shellcheck disable=SC2034 # the scripts that build name them
-build_packages=(cmake g++ ninja-build)
 
-# make_root sets $root to a new, empty root directory, which is removed when the script ends.
+# make_root sets $root to a new, empty root directory, which is removed when the script ends. Removes
+# those of scripts that were killed, too; the name tells the process.
 make_root() {
-    root=$(mktemp -d)
+    local roots=${TMPDIR:-/tmp}/tzpublish-root stale process
+    for stale in "$roots".*; do
+        process=${stale#"$roots".}
+        [[ ! -O $stale || -d /proc/${process%.*} ]] || rm -rf "$stale"
+    done
+    root=$(mktemp -d "$roots.$$.XXXXXX")
     trap 'trap "" HUP INT TERM; rm -rf "$root"' EXIT
     trap 'exit 1' HUP INT TERM # bash waits for the running command first, which may write there
 }
