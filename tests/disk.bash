@@ -5,24 +5,25 @@ umask 0 # so that files show the mode they are created with
 make_root
 
 # put PATH WHAT [TEXT] puts something in place of whatever stands there: nothing ("-"), a directory,
-# a file with this text, a private file, or a link to a target, which may be named as in the tables.
+# an empty one, a file with this text, a private file, or a link to a target as in the tables.
 put() {
     rm -rf "${root:?}$1"
     mkdir -p "$root${1%/*}"
     case $2 in
     -) ;;
     directory) put "$1/entry" file ;;
+    empty) mkdir "$root$1" ;;
     file) printf %s "${3-}" >"$root$1" ;;
-    private) install -m 660 /dev/null "$root$1" ;;
+    private) install -m 662 /dev/null "$root$1" ;;
     system) ln -s /usr/share/zoneinfo.default "$root$1" ;;
     [0-9]*) ln -s "$store/tz/$2" "$root$1" ;;
     *) ln -s -- "$2" "$root$1" ;;
     esac
 }
 
-# at PATH prints the target of a link, named as in the tables, or the text of a file, or "-".
+# at PATH prints a link's target as in the tables, a file's text, a directory's entries, or "-".
 at() {
-    { readlink "$root$1" || cat "$root$1" || echo -; } 2>/dev/null |
+    { readlink "$root$1" || cat -E "$root$1" || ls "$root$1" || echo -; } 2>/dev/null |
         sed "s|^$store/||; s|^tz/||; s|^/usr/share/zoneinfo.default\$|system|"
 }
 

@@ -14,8 +14,8 @@ extern "C" void* __wrap_fts_open() { // NOLINT: the linker's name
 }
 
 TEST(TextFiles, GiveTheFirstWord) {
-    const std::string spaces(4091, ' '), word(128 << 10, '7');
-    std::ofstream("word") << spaces << "\t\v\f\r\n" << word << "\xa0\n" << word;
+    const std::string spaces(4090, ' '), word(128 << 10, '7');
+    std::ofstream("word") << spaces << "\t\v\f\r\n" << word << "\xa0 \n" << word;
     EXPECT_EQ(store::read_first_word("word"), word + "\xa0");
     std::ofstream("blank") << spaces;
     ::mkfifo("pipe", 0600);
@@ -26,14 +26,12 @@ TEST(TextFiles, GiveTheFirstWord) {
 
 TEST(Version, IsAWholeTextOfAnyLength) {
     EXPECT_EQ(orv_version("02016ab.01.002"), orv_version("2016ab.1.2"));
-    for (const char* text : {"", "2016", "2016A.1.0", "2016a.1.0.0", "2016a.", "2016a.1.0/", ".1.0",
-                             " 2016a", "2016a\n", "-2016a", "2016\xe4"})
+    for (const char* text : {"", "2016", "2016A.1.0", "2016a.1.0.0", "2016a.", "2016a.1/0", ".1.0",
+                             " 2016a", "2016a\n", "2016a/1", "2016\xe4"})
         EXPECT_EQ(orv_version(text), orv_version()) << text;
     orv_version version("1999z.9.9");
     version.parse("x");
     EXPECT_EQ(version, orv_version());
-    for (const char* text : {"2147483648a", "2016a.2147483648", "2016a.0.99999999999"})
-        EXPECT_THROW(orv_version{text}, std::out_of_range) << text;
     const std::string zeros(128 << 10, '0'), letters(128 << 10, 'a');
     EXPECT_EQ(orv_version(zeros + "7" + letters).letter, letters);
 }
@@ -41,7 +39,7 @@ TEST(Version, IsAWholeTextOfAnyLength) {
 TEST(Version, IsOrderedByEachFieldInTurn) {
     std::vector<orv_version> ascending(1);
     for (const char* text : {"2016a", "2016a.0", "2016a.9.9", "2016a.10", "2016a.10.0", "2016aa",
-                             "2016b", "2016z.9.9", "2017a.1.0", "2147483647a"})
+                             "2016b", "2016z.9.9", "9999a.1.0", "2147483647a"})
         ascending.emplace_back(text);
     for (const auto& a : ascending)
         for (const auto& b : ascending)
