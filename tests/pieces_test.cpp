@@ -48,14 +48,14 @@ TEST(Version, IsOrderedByEachFieldInTurn) {
 
 TEST(Component, ReportsWhatNoRunMeets) {
     EXPECT_TRUE(orv_zoneinfo().compatible_schema(orv_icu()));
-    testing::internal::CaptureStderr();
+    ::dup2(::fileno(std::fopen("printed", "w")), STDERR_FILENO);
     EXPECT_FALSE(orv_icu().compatible_schema(orv_zoneinfo()));
-    EXPECT_TRUE(testing::internal::GetCapturedStderr().starts_with(
-        "tzpublish: orv_icu::compatible_schema: could not dynamic_cast other component: "));
-    testing::internal::CaptureStderr();
     EXPECT_THROW(orv_icu("/update"), int);
-    EXPECT_EQ(
-        testing::internal::GetCapturedStderr(),
-        "tzpublish: tz_icu::initialize: fts_open of /update/icutz failed, Input/output error: "
-        "Input/output error\n");
+    std::ifstream printed("printed");
+    std::string cast, walk;
+    std::getline(std::getline(printed, cast), walk);
+    EXPECT_TRUE(cast.starts_with(
+        "tzpublish: orv_icu::compatible_schema: could not dynamic_cast other component: "));
+    EXPECT_EQ(walk, "tzpublish: tz_icu::initialize: fts_open of /update/icutz failed, Input/output "
+                    "error: Input/output error");
 }
