@@ -21,9 +21,10 @@
 ///
 /// It is compared with the current data set even if that has just been found unusable.
 ///
-/// Any other failure ends the selection: "Unable to locate data; resetting to system partition".
-/// The line before usually gives the cause: "Bad zoneinfo link TARGET", or what the headers of
-/// src/dataset and src/store quote.
+/// If a data set cannot be constructed, store::latest_link cannot be read or a link cannot be
+/// created, the selection ends: "Unable to locate data; resetting to system partition". The line
+/// before usually gives the cause: "Bad zoneinfo link TARGET", or what the headers of src/dataset
+/// and src/store quote.
 ///
 /// Throws only if that last reset fails; the links then stay as they are.
 void select_active_dataset();
