@@ -53,7 +53,7 @@ void orv_icu::find_schema_in_file_names() {
         throw error;
     }
     while (const FTSENT* entry = ::fts_read(walk.get())) {
-        if (!schema.empty())
+        if (!schema.empty()) // one more entry is read after the match, on purpose
             break;
         std::cmatch results;
         if (may_be_data_file(*entry) && std::regex_match(entry->fts_name, results, data_file))

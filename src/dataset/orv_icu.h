@@ -3,11 +3,11 @@
 #include "dataset/orv_dataset_component.h"
 
 /// A data set's ICU time-zone data. An update's is published as store::icu_link; the system
-/// partition's is used in place. The format tag, such as 44l, tells whether the installed system
-/// can read the data.
+/// partition's is used in place. The tag of its ICU format, such as 44l, tells whether the
+/// installed system can read the data.
 class orv_icu final : public orv_dataset_component {
 public:
-    /// Finds the format tag; if there is none, it is empty and nothing is reported.
+    /// Finds the tag; if there is none, it is empty and nothing is reported.
     ///
     /// For the system partition, the default, it is the first word of store::icu_format_file. For
     /// an update it is part of a file name:
@@ -34,7 +34,7 @@ private:
     void initialize();
     void find_schema_in_file_names();
 
-    /// The format tag.
+    /// The tag of the ICU format.
     std::string schema;
     std::string data_dir;
 };

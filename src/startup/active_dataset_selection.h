@@ -6,8 +6,9 @@
 ///
 /// First the current data set:
 ///
-///     the link is missing or        "Invalid current symlinks; resetting to system partition":
-///     names no data set             the system partition is published, and is current
+///     the link is missing or        "Bad zoneinfo link TARGET" or "read_symlink: PATH", then
+///     names no data set             "Invalid current symlinks; resetting to system partition":
+///                                   the system partition is published, and is current
 ///     it is not compatible, or      "Symlink points at data incompatible with installed system":
 ///     older than the system's       the system partition is published, the marker created
 ///     otherwise                     it stays published
@@ -23,8 +24,9 @@
 ///
 /// If a data set cannot be constructed, store::latest_link cannot be read or a link cannot be
 /// created, the selection ends: "Unable to locate data; resetting to system partition". The line
-/// before usually gives the cause: "Bad zoneinfo link TARGET", or what the headers of src/dataset
-/// and src/store quote.
+/// before gives the cause, as the headers of src/dataset and src/store quote it; none does if a
+/// number in a version is too large or memory runs out.
 ///
-/// Throws only if that last reset fails; the links then stay as they are.
+/// Throws only if that last reset fails. The links are then as it left them: the zoneinfo link may
+/// be missing.
 void select_active_dataset();

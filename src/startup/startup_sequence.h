@@ -7,6 +7,6 @@
 ///  3. selects a data set and publishes it;
 ///  4. repairs the local-time link.
 ///
-/// Always runs to the end: a step that fails is reported on standard error, and the next one
-/// follows.
+/// Always runs to the end: whatever fails in a step, the next one follows. Steps 1 and 2 fail
+/// silently; steps 3 and 4 report it on standard error.
 void run_startup_sequence() noexcept;

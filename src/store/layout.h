@@ -15,7 +15,7 @@ inline constexpr const char* store_directory = "/var/db/timezone/";
 ///
 ///     2016b.1.0/zoneinfo/+VERSION         the version of its zone data, 2016b
 ///     2016b.1.0/zoneinfo/Europe/Paris     a zone, among others
-///     2016b.1.0/icutz/icutz44l.dat        its ICU data, in format 44l
+///     2016b.1.0/icutz/icutz44l.dat        its ICU data; 44l is the tag of the ICU format
 ///
 /// This path, closing slash included, is the prefix of every update's path.
 inline constexpr const char* updates_directory = "/var/db/timezone/tz/";
@@ -35,16 +35,16 @@ inline constexpr const char* localtime_link = "/var/db/timezone/localtime";
 
 // Exchanged with the programs that install updates and clean up after them.
 
-/// Link to the most recently installed update, such as /var/db/timezone/tz/2016b.1.0; absent while
-/// none is installed. Only read.
+/// Link to the latest update, such as /var/db/timezone/tz/2016b.1.0; absent while none is
+/// installed. Only read.
 inline constexpr const char* latest_link = "/var/db/timezone/tz_latest";
 
-/// Empty file: the last run found the published update unusable, or replaced it with a newer one.
-/// Every run begins by deleting it.
+/// Empty file: the last run found the published update incompatible or older than the system's, or
+/// replaced it with a newer one. Every run begins by deleting it.
 inline constexpr const char* cleanup_marker = "/var/db/timezone/needs_cleanup";
 
 /// File recording the last adoption: the version replaced, "_", the version adopted, no newline:
-/// 2016a.1.0_2016b.1.0. A version that parses contains no "_".
+/// 2016a.1.0_2016b.1.0. A version that parses contains no "_", so the first one separates them.
 inline constexpr const char* transition_record = "/var/db/timezone/TZVersionDiffRecord";
 
 // The system partition. Only read.
@@ -66,7 +66,7 @@ inline constexpr const char* update_icu = "/icutz";
 /// In a zoneinfo tree: a text file whose first word is the version of the data.
 inline constexpr const char* version_file = "/+VERSION";
 
-/// In system_icu: a text file whose first word is the format tag of the ICU data.
+/// In system_icu: a text file whose first word is the tag of the ICU format that the system reads.
 inline constexpr const char* icu_format_file = "/icutzformat.txt";
 
 // Left by older systems.

@@ -8,7 +8,8 @@
 ///
 ///     tzpublish: remove: could not remove /var/db/icutz: Is a directory
 ///
-/// and its errno is thrown as an int. Nothing is retried or undone.
+/// and its errno is thrown as an int. No caller looks at the value: the line is printed already.
+/// Nothing is retried or undone.
 ///
 /// The wording of every diagnostic, here and elsewhere, is fixed, oddities included: people and
 /// scripts search logs for it.

@@ -2,7 +2,8 @@
 
 /// Data-protection classes, on a platform without them. The only class in use asks that files be
 /// readable at all times; here all files on a mounted file system are. So setting the class does
-/// nothing, and creating a file with it is a plain open.
+/// nothing, and creating a file with it is a plain open. On a platform that has the classes, only
+/// protection_class.cpp changes.
 
 #include <sys/types.h>
 

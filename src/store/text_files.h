@@ -1,8 +1,8 @@
 #pragma once
 
 /// Reads the first word of small text files and writes the record. Failures are silent. Neither
-/// call waits for the other end of a pipe: it reads as blank, and is not written unless someone
-/// reads it.
+/// call waits for the other end of a pipe: one without a writer reads as blank, and one without a
+/// reader is not written.
 
 #include <string>
 
