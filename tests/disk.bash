@@ -4,50 +4,48 @@ source "$(dirname "${BASH_SOURCE[0]}")/../scripts/common.sh"
 umask 0 # so that files show the mode they are created with
 make_root
 
-# put PATH WHAT [TEXT] puts something in place of whatever stands there: nothing ("-"), a directory,
-# an empty one, a file with this text, a private file, or a link to a target as in the tables.
+# put PATH WHAT [TEXT] puts something in place of whatever stands there.
 put() {
     rm -rf "${root:?}$1"
     mkdir -p "$root${1%/*}"
     case $2 in
-    -) ;;
-    directory) put "$1/entry" file ;;
-    empty) mkdir "$root$1" ;;
-    file) printf %s "${3-}" >"$root$1" ;;
-    private) install -m 662 /dev/null "$root$1" ;;
-    system) ln -s /usr/share/zoneinfo.default "$root$1" ;;
-    [0-9]*) ln -s "$store/tz/$2" "$root$1" ;;
-    *) ln -s -- "$2" "$root$1" ;;
+    -) ;;                                                  # nothing
+    empty) : >"$root$1" ;;                                 # an empty file
+    text) printf %s "${3#-}" >"$root$1" ;;                 # a file with this text, "-" for none
+    unreadable) install -m 773 /dev/null "$root$1" ;;      # a file that others may do all but read
+    directory) put "$1/entry" empty ;;                     # a directory with an entry
+    empty_directory) mkdir "$root$1" ;;                    # one without
+    system) ln -s /usr/share/zoneinfo.default "$root$1" ;; # a link to the system's tree,
+    long) ln -s "$(printf %01500d 0)" "$root$1" ;;         # to more than the 1024 bytes read of it,
+    /*) ln -s "$2" "$root$1" ;;                            # to this path,
+    *) ln -s "$store/$2" "$root$1" ;;                      # to this path in the store
     esac
 }
 
-# at PATH prints a link's target as in the tables, a file's text, a directory's entries, or "-".
+# at PATH prints what stands there in the words of put; of a file the text, with "$" at line ends.
 at() {
-    { readlink "$root$1" || cat -E "$root$1" || ls "$root$1" || echo -; } 2>/dev/null |
-        sed "s|^$store/||; s|^tz/||; s|^/usr/share/zoneinfo.default\$|system|"
-}
-
-# icu_of ZONEINFO prints the ICU data beside a zoneinfo tree; "-" for the system partition's.
-icu_of() {
-    if [[ $1 == system ]]; then echo -; else echo "${1%/*}/icutz"; fi
+    { readlink "$root$1" || cat -E "$root$1" || stat -c %F "$root$1" || echo -; } 2>/dev/null |
+        sed "s|^$store/||; s|^/usr/share/zoneinfo\.default\$|system|" | grep . || echo empty
 }
 
 # arrange SYSTEM ZONEINFO LATEST arranges a system of this version, the links to its data sets, and
 # updates. The ICU format of 2016d is not the system's.
 arrange() {
     rm -rf "${root:?}"/{usr,var}
-    put /usr/share/zoneinfo.default/+VERSION file "$1"
-    put /usr/share/icu/icutzformat.txt file 44l
+    put /usr/share/version text "$1"
+    put /usr/share/zoneinfo.default/+VERSION /usr/share/version
+    put /usr/share/icu/icutzformat.txt text 44l
     for data in 2016{a.1.0,b,c}/icutz/icutz44l.dat 2016d/icutz/icutz52l.dat \
-        2016c/zoneinfo/Europe/Paris; do put $store/tz/"$data" file; done
+        2016c/zoneinfo/Europe/Paris; do put $store/tz/"$data" empty; done
+    chmod 0 "$root$store/tz/2016c/zoneinfo/Europe/Paris" # that it exists is enough
     put $store/zoneinfo "$2"
-    put /var/db/icutz "$(icu_of "$2")"
+    [[ $2 == system ]] || put /var/db/icutz "${2%/*}/icutz"
     put $store/tz_latest "$3"
-    put $store/localtime $store/zoneinfo/Europe/Paris
+    put $store/localtime zoneinfo/Europe/Paris
 }
 
-# expect WHAT FOUND PATTERN
+# expect WHAT FOUND EXPECTED reports a difference, and goes on; $root/failed then exists.
 expect() {
-    # shellcheck disable=SC2053 # a pattern
-    [[ $2 == $3 ]] || fail "$(printf '%s\n   %s: %s, expected %s' "${row-}" "$@")"
+    [[ $2 == "$3" ]] ||
+        printf '%s: %s\n   %s: %s, expected %s\n' "${0##*/}" "${row-}" "$@" | tee "$root/failed" >&2
 }

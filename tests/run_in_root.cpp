@@ -1,4 +1,5 @@
-// Linked with the program, runs it in the root directory that its argument names.
+// Linked with the program, runs it in the root directory that its argument names. Unlike chroot(8),
+// needs no libraries in there, and leaves by the working directory: the leak checker needs /proc.
 
 #include <err.h>
 #include <unistd.h>
@@ -10,7 +11,6 @@ namespace {
         ::err(2, "%s", argv[1]);
 }
 
-// Out again, by the working directory: the leak checker, which follows, needs /proc.
 [[gnu::destructor]] void leave() {
     [[maybe_unused]] const int error = ::chroot(".");
 }
