@@ -1,4 +1,4 @@
-# What the scripts share; sourced by them, from the top of the clone.
+# What the scripts share. Sourcing it changes to the top of the clone.
 # shellcheck shell=bash
 
 set -euo pipefail
@@ -47,8 +47,8 @@ build() {
     fi
 }
 
-# make_root sets $root to a new, empty root directory, which is removed when the script ends. Removes
-# those of scripts that were killed, too; the name tells the process.
+# make_root sets $root to a new, empty root directory, which is removed when the script ends. Those
+# of scripts that were killed are removed, too: a directory's name contains its script's process id.
 make_root() {
     local roots=${TMPDIR:-/tmp}/tzpublish-root stale process
     for stale in "$roots".*; do

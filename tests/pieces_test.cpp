@@ -44,7 +44,7 @@ TEST(Version, IsAWholeTextOfAnyLength) {
 }
 
 TEST(Version, IsOrderedByEachFieldInTurn) {
-    const char* const ascending[] = {"x",          "2016a",  "2016a.0", "2016a.9.9", "2016a.10",
+    const char* const ascending[] = {"0a",         "2016a",  "2016a.0", "2016a.9.9", "2016a.10",
                                      "2016a.10.0", "2016aa", "2016b",   "9999a.1.0", "2147483647a"};
     for (const auto& a : ascending)
         for (const auto& b : ascending)
