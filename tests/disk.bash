@@ -33,6 +33,7 @@ at() {
 arrange() {
     rm -rf "${root:?}"/{usr,var}
     put /usr/share/version text "$1"
+    chmod 444 "$root/usr/share/version" # the system partition is only read
     put /usr/share/zoneinfo.default/+VERSION /usr/share/version
     put /usr/share/icu/icutzformat.txt text 44l
     for data in 2016{a.1.0,b,c}/icutz/icutz44l.dat 2016d/icutz/icutz52l.dat \
