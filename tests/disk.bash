@@ -38,7 +38,6 @@ arrange() {
     put /usr/share/icu/icutzformat.txt text 44l
     for data in 2016{a.1.0,b,c}/icutz/icutz44l.dat 2016d/icutz/icutz52l.dat \
         2016c/zoneinfo/Europe/Paris; do put $store/tz/"$data" empty; done
-    chmod 0 "$root$store/tz/2016c/zoneinfo/Europe/Paris" # that it exists is enough
     put $store/zoneinfo "$2"
     [[ $2 == system ]] || put /var/db/icutz "${2%/*}/icutz"
     put $store/tz_latest "$3"
