@@ -56,7 +56,7 @@ void orv_icu::initialize() {
 }
 
 // Unsorted: the first match in directory order wins. Subdirectories are walked too, but nothing in
-// them counts.
+// them counts, and one entry is read after the match: the sequence of system calls is fixed.
 void orv_icu::find_schema_in_file_names() {
     char* const roots[] = {data_dir.data(), nullptr};
     const directory_walk walk(::fts_open(roots, FTS_COMFOLLOW | FTS_PHYSICAL | FTS_XDEV, nullptr));
@@ -67,7 +67,7 @@ void orv_icu::find_schema_in_file_names() {
         throw error;
     }
     while (const FTSENT* entry = ::fts_read(walk.get())) {
-        if (!schema.empty()) // one more entry is read after the match, on purpose
+        if (!schema.empty())
             break;
         if (may_be_data_file(*entry))
             schema = tag_in_file_name(entry->fts_name);
