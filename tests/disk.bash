@@ -42,8 +42,9 @@ arrange() {
     put $store/localtime zoneinfo/Europe/Paris
 }
 
-# expect WHAT FOUND EXPECTED reports a difference, and goes on; $root/failed then exists.
+# expect WHAT FOUND PATTERN reports a difference, and goes on; $root/failed then exists.
 expect() {
-    [[ $2 == "$3" ]] ||
+    # shellcheck disable=SC2053 # a pattern
+    [[ $2 == $3 ]] ||
         printf '%s: %s\n   %s: %s, expected %s\n' "${0##*/}" "${row-}" "$@" | tee "$root/failed" >&2
 }
