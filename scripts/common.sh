@@ -84,3 +84,11 @@ as_root() {
 in_root() {
     as_root chroot "$root" "$@"
 }
+
+# install_tools installs what the release build has made, and the tools into $tools. They work on
+# $root with --root=$root.
+install_tools() {
+    DESTDIR=$root/installed cmake --install build/release --prefix /usr >/dev/null
+    # shellcheck disable=SC2034 # named by those that source this
+    tools=$root/installed/usr/sbin
+}
