@@ -97,6 +97,11 @@ system_version() {
     printf '%s.1.0\n' "$(first_word "$root$tree/+VERSION")"
 }
 
+# has_zones tells whether the system has zones; tzpublish resorts to this one itself.
+has_zones() {
+    [ -f "$root$tree/America/Los_Angeles" ]
+}
+
 # update_format UPDATE prints the tag of its ICU format, as its first data file tells it.
 update_format() {
     for file in "$store/tz/$1"/icutz/icutz*.dat; do
