@@ -3,7 +3,8 @@
 
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-export LC_ALL=C # programs print alike everywhere
+export LC_ALL=C   # programs print alike everywhere,
+PATH+=:/usr/sbin # and an ordinary user finds chroot and zic.
 # shellcheck disable=SC2034 # named by those that source this
 store=/var/db/timezone build_packages=(cmake g++ ninja-build)
 
@@ -48,16 +49,17 @@ build() {
 }
 
 # make_root sets $root to a new, empty root directory, which is removed when the script ends. Those
-# of scripts that were killed are removed, too: a directory's name contains its script's process id.
+# of scripts that were killed are removed, too: a live script, and what it has started, holds a lock
+# on its own. As it takes the lock a moment after creating the directory, new ones are left alone.
 make_root() {
-    local roots=${TMPDIR:-/tmp}/tzpublish-root stale process
-    for stale in "$roots".*; do
-        process=${stale#"$roots".}
-        [[ ! -O $stale || -d /proc/${process%.*} ]] || rm -rf "$stale"
-    done
-    root=$(mktemp -d "$roots.$$.XXXXXX")
+    local directory=${TMPDIR:-/tmp} lock
+    find "$directory/" -maxdepth 1 -type d -name 'tzpublish-root.*' -user "$EUID" -mmin +1 \
+        -exec flock -n {} rm -rf {} \; 2>/dev/null || true
+    root=$(mktemp -d "$directory/tzpublish-root.XXXXXX")
     trap 'trap "" HUP INT TERM; rm -rf "$root"' EXIT
     trap 'exit 1' HUP INT TERM # bash waits for the running command first, which may write there
+    exec {lock}<"$root"
+    flock "$lock"
 }
 
 # install_program FILE... copies programs into the root, with the libraries that they load.

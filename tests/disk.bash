@@ -1,8 +1,7 @@
 # What the tests put on the disk and find there, in a root directory of their own. They source it.
 source "$(dirname "${BASH_SOURCE[0]}")/../scripts/common.sh"
 
-umask 0 # so that files show the mode they are created with
-make_root
+umask 0 && make_root # the mask, so that files show the mode they are created with
 
 # put PATH WHAT [TEXT] puts something in place of whatever stands there.
 put() {
@@ -17,7 +16,7 @@ put() {
     empty_directory) mkdir "$root$1" ;;                    # one without
     system) ln -s /usr/share/zoneinfo.default "$root$1" ;; # a link to the system's tree,
     long) ln -s "$(printf %01500d 0)" "$root$1" ;;         # to more than the 1024 bytes read of it,
-    /*) ln -s "$2" "$root$1" ;;                            # to this path,
+    /* | ./*) ln -s "$2" "$root$1" ;;                      # to this path,
     *) ln -s "$store/$2" "$root$1" ;;                      # to this path in the store
     esac
 }
@@ -32,8 +31,7 @@ at() {
 # updates. The ICU format of 2016d is not the system's.
 arrange() {
     rm -rf "${root:?}"/{usr,var}
-    put /usr/share/version text "$1"
-    chmod 444 "$root/usr/share/version" # the system partition is only read
+    put /usr/share/version text "$1" && chmod 444 "$root/usr/share/version" # it is only read
     put /usr/share/zoneinfo.default/+VERSION /usr/share/version
     put /usr/share/icu/icutzformat.txt text 44l
     for data in 2016{a.1.0,b,c}/icutz/icutz44l.dat 2016d/icutz/icutz52l.dat \
@@ -44,8 +42,9 @@ arrange() {
     put $store/localtime zoneinfo/Europe/Paris
 }
 
-# expect WHAT FOUND EXPECTED reports a difference, and goes on; $root/failed then exists.
+# expect WHAT FOUND PATTERN reports a difference, and goes on; $root/failed then exists.
 expect() {
-    [[ $2 == "$3" ]] ||
+    # shellcheck disable=SC2053 # a pattern
+    [[ $2 == $3 ]] ||
         printf '%s: %s\n   %s: %s, expected %s\n' "${0##*/}" "${row-}" "$@" | tee "$root/failed" >&2
 }

@@ -1,5 +1,5 @@
-// Linked with the program, runs it in the root directory that its argument names. Unlike chroot(8),
-// needs no libraries in there, and leaves by the working directory: the leak checker needs /proc.
+// Runs the program it is linked with in a root directory without libraries, its argument. Keeps its
+// working directory outside, so that `leave` can chroot back: the leak checker needs /proc.
 
 #include <err.h>
 #include <unistd.h>

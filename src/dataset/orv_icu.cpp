@@ -1,7 +1,7 @@
 #include "dataset/orv_icu.h"
 
 #include "dataset/orv_dataset_component.h"
-#include "dataset/pattern.h"
+#include "dataset/scan.h"
 #include "store/layout.h"
 #include "store/primitives.h"
 #include "store/text_files.h"
@@ -11,8 +11,8 @@
 #include <err.h>
 #include <fts.h>
 #include <memory>
-#include <regex>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 
 namespace {
@@ -23,6 +23,21 @@ using directory_walk = std::unique_ptr<FTS, decltype([](FTS* walk) { ::fts_close
 bool may_be_data_file(const FTSENT& entry) {
     return entry.fts_errno == 0 && entry.fts_level == 1 && entry.fts_namelen != 0 &&
            entry.fts_info == FTS_F && (entry.fts_statp->st_mode & S_IROTH) != 0;
+}
+
+/// icutz([0-9]+[lbe])\.dat
+///
+/// Returns the group, the tag; empty if the name does not match.
+std::string_view tag_in_file_name(std::string_view name) {
+    if (!dataset::take(name, "icutz"))
+        return {};
+    const std::string_view tag_and_rest = name;
+    const bool digits = !dataset::take_run(name, '0', '9').empty();
+    const bool letter =
+        dataset::take(name, "l") || dataset::take(name, "b") || dataset::take(name, "e");
+    if (!digits || !letter || name != ".dat")
+        return {};
+    return tag_and_rest.substr(0, tag_and_rest.size() - name.size());
 }
 
 } // namespace
@@ -41,9 +56,8 @@ void orv_icu::initialize() {
 }
 
 // Unsorted: the first match in directory order wins. Subdirectories are walked too, but nothing in
-// them counts.
+// them counts, and one entry is read after the match: the sequence of system calls is fixed.
 void orv_icu::find_schema_in_file_names() {
-    static const dataset::pattern data_file(R"(icutz([0-9]+[lbe])\.dat)", dataset::pattern_syntax);
     char* const roots[] = {data_dir.data(), nullptr};
     const directory_walk walk(::fts_open(roots, FTS_COMFOLLOW | FTS_PHYSICAL | FTS_XDEV, nullptr));
     if (!walk) {
@@ -53,11 +67,10 @@ void orv_icu::find_schema_in_file_names() {
         throw error;
     }
     while (const FTSENT* entry = ::fts_read(walk.get())) {
-        if (!schema.empty()) // one more entry is read after the match, on purpose
+        if (!schema.empty())
             break;
-        std::cmatch results;
-        if (may_be_data_file(*entry) && std::regex_match(entry->fts_name, results, data_file))
-            schema = results[1];
+        if (may_be_data_file(*entry))
+            schema = tag_in_file_name(entry->fts_name);
     }
 }
 

@@ -14,8 +14,8 @@ namespace store {
 /// the empty string; a read that fails halfway counts as the end.
 std::string read_first_word(const std::string& path);
 
-/// Replaces the contents of the file with `text`, creating it if necessary. A file that cannot be
-/// opened is left as it is.
+/// Replaces the contents of the file with `text`, creating it if necessary; of a link, those of the
+/// file that it names. A file that cannot be opened is left as it is.
 void write_text(const char* path, const std::string& text);
 
 } // namespace store
