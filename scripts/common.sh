@@ -53,9 +53,9 @@ build() {
 # on its own. As it takes the lock a moment after creating the directory, new ones are left alone.
 make_root() {
     local directory=${TMPDIR:-/tmp} lock
-    find "$directory/" -maxdepth 1 -type d -name 'tzpublish-root.*' -user "$EUID" -mmin +1 \
+    find "$directory/" -maxdepth 1 -type d -name 'tzpublish-root-*' -user "$EUID" -mmin +1 \
         -exec flock -n {} rm -rf {} \; 2>/dev/null || true
-    root=$(mktemp -d "$directory/tzpublish-root.XXXXXX")
+    root=$(mktemp -d "$directory/tzpublish-root-XXXXXX")
     trap 'trap "" HUP INT TERM; rm -rf "$root"' EXIT
     trap 'exit 1' HUP INT TERM # bash waits for the running command first, which may write there
     exec {lock}<"$root"

@@ -88,9 +88,9 @@ latest_update() {
     target=$(readlink "$store/tz_latest") && update_at "$target"
 }
 
-# first_word FILE prints the first word of a file that is no pipe.
+# first_word FILE prints the first word of a file that is no pipe, and may be of any size.
 first_word() {
-    [ ! -f "$1" ] || tr -s '\t\n\v\f\r' ' ' <"$1" | sed 's/^ *//; s/ .*//'
+    [ ! -f "$1" ] || head -c 1000 "$1" | tr -s '\t\n\v\f\r' ' ' | sed 's/^ *//; s/ .*//'
 }
 
 system_version() {
@@ -118,7 +118,7 @@ refusal() {
 
 # serves UPDATE PUBLISHED LATEST: whether an update is one of these, or newer than both.
 serves() {
-    case $1 in "$2" | "$3") return ;; esac
+    case $1 in "$2" | "$3") return 0 ;; esac
     ! is_version "$1" || { newer "$1" "$2" && newer "$1" "$3"; }
 }
 
@@ -134,19 +134,32 @@ local_zone() {
     esac
 }
 
+# sudo_environment prints the file whose variables sudo gives to the commands that it runs.
+sudo_environment() {
+    find "$root/etc/sudoers" "$root/etc/sudoers.d" -type f ! -name '*[.~]*' -exec sed -n \
+        's/^[[:space:]]*Defaults[[:space:]].*env_file="\{0,1\}\([^",[:space:]]*\).*/\1/p' \
+        {} + 2>/dev/null | tail -n 1
+}
+
+# has_variable FILE... tells whether one of these sets ICU's variable.
+has_variable() {
+    grep -qs "^[^#]*$icu_variable" "$@"
+}
+
 # --- The store ------------------------------------------------------------------------------------
 
-# check_path PATH STICKY fails if somebody else can change what a physical path leads to. Below
-# $root, its directories must belong to root or this user; others may write only to those with a
-# mode in STICKY, where they cannot rename what is not theirs.
+# check_path PATH STICKY fails if somebody else can change what a physical path leads to. From $root
+# on, its directories must belong to root or this user; others may write only to those with a mode
+# in STICKY, where they cannot rename what is not theirs.
 check_path() {
     path=$1 sticky=$2
-    while [ "$path" != "$root" ]; do
+    while [ "$path" ]; do
         set -- "$(stat -c %u "$path")" "0$(stat -c %a "$path")"
         [ "$1" -eq 0 ] || [ "$1" -eq "$(id -u)" ] ||
             fail "belongs to $(stat -c %U "$path"): $path"
         [ $(($2 & 022)) -eq 0 ] || [ $(($2 & sticky)) -ne 0 ] ||
             fail "others may write to it: $path"
+        [ "$path" != "$root" ] || break
         path=${path%/*} sticky=01000
     done
 }
@@ -184,7 +197,12 @@ booted() {
     [ ! "$root" ] && [ -d /run/systemd/system ]
 }
 
-# run runs tzpublish, on a system that is not running too, if that is this one.
+# run runs tzpublish, on a system that is not running too, if that is this one. Without the
+# protections of its unit, it could write through a link of somebody else's store.
 run() {
-    if booted; then systemctl start tzpublish; elif [ ! "$root" ]; then tzpublish; fi
+    if booted; then
+        systemctl start tzpublish
+    elif [ ! "$root" ] && [ -O "$store" ]; then
+        tzpublish
+    fi
 }
