@@ -53,9 +53,9 @@ build() {
 # on its own. As it takes the lock a moment after creating the directory, new ones are left alone.
 make_root() {
     local directory=${TMPDIR:-/tmp} lock
-    find "$directory/" -maxdepth 1 -type d -name 'tzpublish-root.*' -user "$EUID" -mmin +1 \
+    find "$directory/" -maxdepth 1 -type d -name 'tzpublish-root-*' -user "$EUID" -mmin +1 \
         -exec flock -n {} rm -rf {} \; 2>/dev/null || true
-    root=$(mktemp -d "$directory/tzpublish-root.XXXXXX")
+    root=$(mktemp -d "$directory/tzpublish-root-XXXXXX")
     trap 'trap "" HUP INT TERM; rm -rf "$root"' EXIT
     trap 'exit 1' HUP INT TERM # bash waits for the running command first, which may write there
     exec {lock}<"$root"
@@ -93,4 +93,12 @@ install_tools() {
     DESTDIR=$root/installed cmake --install build/release --prefix /usr >/dev/null
     # shellcheck disable=SC2034 # named by those that source this
     tools=$root/installed/usr/sbin
+}
+
+# icu_data RELEASE DIRECTORY creates ICU data under the name of a release, from this machine's.
+icu_data() {
+    mkdir -p "$2"
+    derb --sourcedir - --destdir "$root" zoneinfo64.res
+    sed -i "s/TZVersion { .* }/TZVersion { \"$1\" }/" "$root/zoneinfo64.txt"
+    genrb --quiet --destdir "$2" "$root/zoneinfo64.txt"
 }

@@ -187,13 +187,13 @@ check_store() {
     done
 }
 
-# lock lets no other run of tzpublish-update or tzpublish-clean change the store meanwhile. A
-# command that outlives this run keeps the lock. Only the store's owner can open the file.
+# lock FILE lets no other run that takes the same lock work meanwhile. A command that outlives this
+# run keeps it. Only the file's owner can open it.
 lock() {
     umask 077
-    exec 9>>"$store/tz/.lock"
+    exec 9>>"$1"
     umask 022
-    flock -w 60 9 || fail "locked by another run: $store/tz/.lock"
+    flock -w 60 9 || fail "locked by another run: $1"
 }
 
 # --- Runs of tzpublish ----------------------------------------------------------------------------
