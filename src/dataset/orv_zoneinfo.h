@@ -6,8 +6,8 @@
 class orv_zoneinfo final : public orv_dataset_component {
 public:
     /// Reads the version file of the tree: store::system_zoneinfo by default, else
-    /// store::update_zoneinfo inside the update. Never fails: if there is nothing to read, the
-    /// version is empty.
+    /// store::update_zoneinfo inside the update. If it cannot be read, the version is empty and
+    /// nothing is reported.
     explicit orv_zoneinfo(const std::string& path = {});
 
     /// Always true: the system can read any tree.
