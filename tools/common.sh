@@ -193,6 +193,7 @@ lock() {
     umask 077
     exec 9>>"$1"
     umask 022
+    chmod 600 "$1" # which flock(1) may have created for all to read
     flock -w 60 9 || fail "locked by another run: $1"
 }
 
