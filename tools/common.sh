@@ -1,5 +1,6 @@
-# What the tools share. They source it with their arguments; it takes --help and --root=DIR from
-# them, and sets $root, empty for the running system.
+# What the tools share. They source it with their arguments and with $here, the directory that they
+# are in. It takes --help and --root=DIR from the arguments, and sets $root, empty for the running
+# system.
 # shellcheck shell=sh
 
 set -eu
@@ -12,8 +13,10 @@ link=/var/db/timezone/zoneinfo
 updates=/var/db/timezone/tz
 tree=/usr/share/zoneinfo.default
 # shellcheck disable=SC2034 # named by those that source this
-icu_format_file=/usr/share/icu/icutzformat.txt icu_link=/var/db/icutz \
-    icu_variable=ICU_TIMEZONE_FILES_DIR=/var/db/icutz
+icu_format_file=/usr/share/icu/icutzformat.txt icu_link=/var/db/icutz
+# shellcheck disable=SC2154 # $here
+environment=$(realpath "$here/../share/tzpublish/environment") # as sudo reads it, too
+icu_variable=$(cat "$environment")
 
 note() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
