@@ -1,25 +1,28 @@
 # What the tools share. They source it with their arguments and with $here, the directory that they
-# are in. It takes --help and --root=DIR from the arguments, and sets $root, empty for the running
-# system.
-# shellcheck shell=sh
+# are in. It takes --help, and --root=DIR as the first argument, and sets $root, empty for the
+# running system.
+# shellcheck shell=sh disable=SC2034 # named by those that source this
 
 set -eu
-export LC_ALL=C PATH="$PATH:/usr/sbin:/sbin"
+# shellcheck disable=SC2154 # $here
+export LC_ALL=C PATH="$PATH:/usr/sbin:/sbin:$here"
 unset CDPATH
 umask 022 # everyone must be able to read the data
 
-# The links and directories of tzpublish(8), and the variable that lets ICU read the published data.
+# The links, directories and files of tzpublish(8).
 link=/var/db/timezone/zoneinfo
 updates=/var/db/timezone/tz
 tree=/usr/share/zoneinfo.default
-# shellcheck disable=SC2034 # named by those that source this
 icu_format_file=/usr/share/icu/icutzformat.txt icu_link=/var/db/icutz
-# shellcheck disable=SC2154 # $here
-environment=$(realpath "$here/../share/tzpublish/environment") # as sudo reads it, too
-icu_variable=$(cat "$environment")
+record=/var/lib/tzpublish/setup # is there where tzpublish-setup has run
+case $(printf '\1\0' | od -An -tu2) in # the format of ICU's releases since 4.4, by byte order
+*1) icu_format=44l ;;
+*) icu_format=44b ;;
+esac
 
+# note TEXT says something; what control characters are in it reaches no terminal.
 note() {
-    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    printf '%s: %s\n' "${0##*/}" "$(printf %s "$*" | tr -c '[:print:]' '?')" >&2
 }
 
 fail() {
@@ -54,22 +57,45 @@ case ${1-} in
 esac
 store=$root/var/db/timezone
 
-# --- Versions and updates -------------------------------------------------------------------------
+# --- What is there --------------------------------------------------------------------------------
 
-# matches TEXT PATTERN: whether the basic regular expression matches the whole text.
-matches() {
-    expr "x$1" : "x\($2\)\$" >/dev/null
+there() {
+    [ -e "$1" ] || [ -L "$1" ]
+}
+
+# first_word FILE prints the first word of a regular file in $root, of which the beginning is read.
+first_word() {
+    [ -f "$1" ] || return 0
+    case $(realpath -- "$1") in "$root"/*) ;; *) return 0 ;; esac
+    dd if="$1" iflag=nonblock bs=64K count=1 2>/dev/null | tr '\0' '?' |
+        tr -s ' \t\n\v\f\r' '\n' | sed '/./!d; q'
+}
+
+# key VERSION prints a text: these are ordered as tzpublish orders versions. What is no version has
+# none, and is the lowest. Fails if a number is too large for tzpublish.
+key() {
+    VERSION=$1 awk 'BEGIN {
+        version = ENVIRON["VERSION"]
+        if (version !~ /^[0-9]+[a-z]+(\.[0-9]+)?(\.[0-9]+)?$/) exit
+        match(version, /[a-z]+/)
+        letters = substr(version, RSTART, RLENGTH)
+        year = substr(version, 1, RSTART - 1)
+        count = split(substr(version, RSTART + RLENGTH), number, ".")
+        second = count > 1 ? number[2] : -1
+        third = count > 2 ? number[3] : -1
+        largest = 2147483647
+        if (year + 0 > largest || second + 0 > largest || third + 0 > largest) exit 1
+        printf "%010d %s %010d %010d\n", year, letters, second + 1, third + 1
+    }'
 }
 
 is_version() {
-    matches "$1" '[0-9][0-9]*[a-z][a-z]*\(\.[0-9][0-9]*\)\{0,2\}'
+    [ "$(key "$1")" ]
 }
 
-# newer VERSION THAN: whether the first is newer than the second; any is if that is no version.
+# newer VERSION THAN: whether the first is newer than the second.
 newer() {
-    is_version "$1" || return
-    ! is_version "$2" ||
-        ! printf '%s\n' "$1" "$2" | sort -C -t . -k 1,1n -k 1,1 -k 2,2n -k 2,2 -k 3,3n -k 3,3
+    expr "x$(key "$1")" \> "x$(key "$2")" >/dev/null
 }
 
 # update_at PATH prints the name of the update at a path, as the links have it; fails if there is
@@ -91,11 +117,6 @@ latest_update() {
     target=$(readlink "$store/tz_latest") && update_at "$target"
 }
 
-# first_word FILE prints the first word of a file that is no pipe, and may be of any size.
-first_word() {
-    [ ! -f "$1" ] || head -c 1000 "$1" | tr -s '\t\n\v\f\r' ' ' | sed 's/^ *//; s/ .*//'
-}
-
 system_version() {
     printf '%s.1.0\n' "$(first_word "$root$tree/+VERSION")"
 }
@@ -105,29 +126,29 @@ has_zones() {
     [ -f "$root$tree/America/Los_Angeles" ]
 }
 
-# update_format UPDATE prints the tag of its ICU format, as its first data file tells it.
-update_format() {
-    for file in "$store/tz/$1"/icutz/icutz*.dat; do
-        file=${file##*/icutz}
-        ! matches "$file" '[0-9][0-9]*[lbe]\.dat' || { printf '%s\n' "${file%.dat}" && return; }
+# format_of UPDATE prints the tag of its ICU format, as tzpublish finds it.
+format_of() {
+    case $(realpath -m -- "$store/tz/$1/icutz") in "$root"/*) ;; *) return 0 ;; esac
+    find "$store/tz/$1/icutz/" -maxdepth 1 -type f -perm -4 -printf '%f\0' 2>/dev/null |
+        tr '\n\0' '?\n' | sed -n 's/^icutz\([0-9][0-9]*[lbe]\)\.dat$/\1/p' | head -n 1
+}
+
+# mounted UPDATE tells whether a part of it is mounted, as in a container.
+mounted() {
+    [ ! "$root" ] && cat /proc/[0-9]*/mountinfo 2>/dev/null | grep -qF "/tz/$1/"
+}
+
+# superfluous prints the updates that are neither published nor named, and older than one of these,
+# and not in use in another way.
+superfluous() {
+    published=$(published_update) || published=
+    latest=$(latest_update) || latest=
+    for update in "$store"/tz/[0-9]*; do
+        name=${update##*/}
+        [ "$name" != "$published" ] && [ "$name" != "$latest" ] && is_version "$name" &&
+            update_at "$updates/$name" >/dev/null && ! mounted "$name" || continue
+        newer "$name" "$published" && newer "$name" "$latest" || printf '%s\n' "$name"
     done
-}
-
-# refusal UPDATE prints why tzpublish does not adopt an update; nothing if it does.
-refusal() {
-    format=$(update_format "$1") reads=$(first_word "$root$icu_format_file")
-    published=$(published_update) || published=$(system_version)
-    if [ "$format" != "$reads" ]; then
-        printf 'its ICU format is %s, the system reads %s\n' "${format:-none}" "${reads:-none}"
-    elif ! newer "$1" "$published"; then
-        printf 'it is not newer than %s, which is published\n' "$published"
-    fi
-}
-
-# serves UPDATE PUBLISHED LATEST: whether an update is one of these, or newer than both.
-serves() {
-    case $1 in "$2" | "$3") return 0 ;; esac
-    ! is_version "$1" || { newer "$1" "$2" && newer "$1" "$3"; }
 }
 
 # local_zone prints the name of the local zone, as /etc/localtime tells it; fails if it does not.
@@ -142,62 +163,123 @@ local_zone() {
     esac
 }
 
-# sudo_environment prints the file whose variables sudo gives to the commands that it runs.
-sudo_environment() {
-    find "$root/etc/sudoers" "$root/etc/sudoers.d" -type f ! -name '*[.~]*' -exec sed -n \
-        's/^[[:space:]]*Defaults[[:space:]].*env_file="\{0,1\}\([^",[:space:]]*\).*/\1/p' \
-        {} + 2>/dev/null | tail -n 1
+# --- What the next run of tzpublish does ----------------------------------------------------------
+
+# target_of LINK sets $target to what tzpublish reads of it; fails if that is no link.
+target_of() {
+    target=
+    if [ -L "$1" ]; then
+        target=$(readlink -n -- "$1" | head -c 1024 && echo .)
+        target=${target%.}
+    else
+        [ ! -e "$1" ]
+    fi
 }
 
-# has_variable FILE... tells whether one of these sets ICU's variable.
-has_variable() {
-    grep -qs "^[^#]*$icu_variable" "$@"
+# foretell sets $published and $next, what is published now and after the next run: an update,
+# "system", or nothing if no link can be created; $faulty, why the run gives up what is published;
+# and $refused, why it does not adopt what tz_latest names.
+foretell() {
+    system=$(system_version) reads=$(first_word "$root$icu_format_file")
+    published='' next=system faulty='' refused='' current=$system
+    if target_of "$root$link"; then
+        below=${target#"$updates/"}
+        case $below in
+        "$tree") published=system ;;
+        "$target") ;;
+        ?*/*) published=${below%/*} current=$published ;;
+        esac
+    elif [ -d "$root$link" ]; then
+        next='' refused="$link is a directory"
+        return
+    fi
+    if ! key "$system" >/dev/null; then
+        next=$published refused="a number in the system's version is too large"
+    elif ! target_of "$store/tz_latest"; then
+        refused='tz_latest is no link'
+    elif ! key "$current" >/dev/null; then
+        faulty='a number in its version is too large' refused=$faulty
+    else
+        foretell_kept
+        [ ! "$target" ] || foretell_latest "${target#"$updates/"}"
+    fi
+}
+
+foretell_kept() {
+    [ "$published" ] && [ "$published" != system ] || return 0
+    if faulty=$(other_format "$published"); then
+        return
+    elif newer "$system" "$published"; then
+        faulty="it is older than $system, the system's"
+    else
+        next=$published
+    fi
+}
+
+foretell_latest() {
+    if [ "$1" = "$target" ] || [ ! "$1" ]; then
+        next=system refused='it names no update'
+    elif ! key "$1" >/dev/null; then
+        next=system refused='a number in its version is too large'
+    elif refused=$(other_format "$1"); then
+        return
+    elif ! newer "$1" "$current"; then
+        refused="it is not newer than $current"
+    elif [ -d "$root$icu_link" ] && [ ! -L "$root$icu_link" ]; then
+        next=system refused="$icu_link is a directory"
+    else
+        next=$1
+    fi
+}
+
+# other_format UPDATE says of an update that it has another format than the system reads; fails if
+# it has not.
+other_format() {
+    found=$(format_of "$1")
+    [ "$found" != "$reads" ] &&
+        printf 'its ICU format is %s, the system reads %s\n' "${found:-none}" "${reads:-none}"
 }
 
 # --- The store ------------------------------------------------------------------------------------
 
-# check_path PATH STICKY fails if somebody else can change what a physical path leads to. From $root
-# on, its directories must belong to root or this user; others may write only to those with a mode
-# in STICKY, where they cannot rename what is not theirs.
-check_path() {
-    path=$1 sticky=$2
-    while [ "$path" ]; do
-        set -- "$(stat -c %u "$path")" "0$(stat -c %a "$path")"
-        [ "$1" -eq 0 ] || [ "$1" -eq "$(id -u)" ] ||
-            fail "belongs to $(stat -c %U "$path"): $path"
-        [ $(($2 & 022)) -eq 0 ] || [ $(($2 & sticky)) -ne 0 ] ||
-            fail "others may write to it: $path"
-        [ "$path" != "$root" ] || break
-        path=${path%/*} sticky=01000
-    done
-}
-
-# check_store fails unless the store is inside $root and this user's alone.
-check_store() {
+# foreign prints what is of the store, or leads there from $root on, and not root's or this user's
+# alone to change.
+foreign() {
+    mine=$(id -u)
     for directory in "$root/var/db" "$store" "$store/tz"; do
-        [ -d "$directory" ] || fail "no directory: $directory"
-        physical=$(cd "$directory" && pwd -P)
-        case $physical in
-        "$root"/*) ;;
-        *) fail "leads out of $root: $directory" ;;
-        esac
-        if [ "$directory" = "$root/var/db" ]; then
-            check_path "$physical" 01000
-            continue
-        fi
-        [ -O "$directory" ] || fail "belongs to $(stat -Lc %U "$directory"), not to you: $directory"
-        check_path "$physical" 0
+        path=$(realpath -m -- "$directory")
+        case $path in "$root"/*) ;; *) printf '%s\n' "$directory" && return ;; esac
+        while [ "$path" != "$root" ]; do
+            [ ! -e "$path" ] || find "$path" -maxdepth 0 ! \( -uid 0 -o -uid "$mine" \) -print \
+                -o -perm /022 -print
+            path=${path%/*}
+        done
     done
+    find "$store/" -mindepth 1 -maxdepth 2 -type d \( ! \( -uid 0 -o -uid "$mine" \) -o \
+        -perm /022 \) 2>/dev/null
 }
 
-# lock FILE lets no other run that takes the same lock work meanwhile. A command that outlives this
-# run keeps it. Only the file's owner can open it.
+# owned PATH prints the command that makes it root's alone.
+owned() {
+    printf "chown -hR root:root '%s' && chmod -R go-w '%s'\n" "$1" "$1"
+}
+
+# check_store fails unless the store is there, inside $root, and this user's alone: every program
+# reads what is in it, and dpkg works in it.
+check_store() {
+    [ -d "$store/tz" ] || fail "no directory: $store/tz"
+    path=$(foreign | head -n 1)
+    [ ! "$path" ] || fail "others can change it, so: $(owned "$path")"
+}
+
+# lock FILE lets no other run that takes the same lock work meanwhile. Only its owner can open it.
 lock() {
+    [ ! -L "$1" ] && { [ ! -e "$1" ] || [ -f "$1" ]; } || fail "no regular file: $1"
     umask 077
     exec 9>>"$1"
     umask 022
     chmod 600 "$1" # which flock(1) may have created for all to read
-    flock -w 60 9 || fail "locked by another run: $1"
+    flock -w 60 9 || fail "another run has held this lock for a minute: $1"
 }
 
 # --- Runs of tzpublish ----------------------------------------------------------------------------
@@ -206,12 +288,24 @@ booted() {
     [ ! "$root" ] && [ -d /run/systemd/system ]
 }
 
-# run runs tzpublish, on a system that is not running too, if that is this one. Without the
-# protections of its unit, it could write through a link of somebody else's store.
+# around COMMAND... runs a command while tzpublish does not run and its path unit does not watch:
+# what it changes starts no run of its own.
+around() {
+    if booted; then
+        systemctl --quiet stop tzpublish.path 2>/dev/null || :
+        # One that is running would not see it. The unit limits its time.
+        while systemctl show -P SubState tzpublish 2>/dev/null | grep -q start; do sleep 0.05; done
+    fi
+    "$@"
+    ! booted || ! systemctl --quiet is-enabled tzpublish.path 2>/dev/null ||
+        systemctl start tzpublish.path || :
+}
+
+# run runs tzpublish once, on a system that is not booted too, if that is this one.
 run() {
     if booted; then
         systemctl start tzpublish
-    elif [ ! "$root" ] && [ -O "$store" ]; then
+    elif [ ! "$root" ]; then
         tzpublish
     fi
 }
