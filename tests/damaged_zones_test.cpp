@@ -6,15 +6,8 @@
 #include <iterator>
 #include <random>
 
-namespace {
-
-std::string zone_file(const char* name) {
-    std::ifstream file(std::string("/usr/share/zoneinfo/") + name);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// Returns whether the bytes are a zone. Anything but a std::runtime_error fails the test.
-bool is_zone(const std::string& bytes) {
+static bool is_zone(const std::string& bytes) {
     try {
         icu::rule_names rules;
         return !icu::zone_text(icu::parse_compiled_zone(bytes), rules).empty();
@@ -23,20 +16,14 @@ bool is_zone(const std::string& bytes) {
     }
 }
 
-} // namespace
-
-TEST(DamagedZone, IsRefusedIfCutAnywhere) {
-    const auto whole = zone_file("Europe/Dublin");
-    ASSERT_TRUE(is_zone(whole));
-    for (std::size_t size = 0; size < whole.size(); ++size)
-        EXPECT_FALSE(is_zone(whole.substr(0, size))) << size;
-}
-
 TEST(DamagedZone, IsAnErrorOrAnotherZone) {
     std::mt19937 random(1); // NOLINT(cert-msc32-c,cert-msc51-cpp): so that failures come again
-    for (const char* name : {"Europe/Dublin", "America/New_York", "Africa/Casablanca"}) {
-        const auto whole = zone_file(name);
-        ASSERT_TRUE(is_zone(whole));
+    for (const std::string name : {"Europe/Dublin", "America/New_York", "Africa/Casablanca"}) {
+        std::ifstream file("/usr/share/zoneinfo/" + name);
+        const std::string whole(std::istreambuf_iterator<char>(file), {});
+        EXPECT_TRUE(is_zone(whole));
+        for (std::size_t size = 0; size < whole.size(); ++size)
+            EXPECT_FALSE(is_zone(whole.substr(0, size))) << size;
         int zones = 0;
         for (int i = 0; i < 1000; ++i) {
             auto damaged = whole;

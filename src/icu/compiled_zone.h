@@ -10,13 +10,11 @@ namespace icu {
 struct local_time {
     int offset;    ///< seconds to add to UTC
     bool daylight; ///< whether it is called daylight-saving time
-    bool operator==(const local_time&) const = default;
 };
 
 struct transition {
     std::int64_t time; ///< UTC, in seconds since 1970
     local_time to;
-    bool operator==(const transition&) const = default;
 };
 
 /// Before any transition: a year that <chrono> can tell.

@@ -12,6 +12,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace icu {
 
@@ -80,8 +81,11 @@ yearly_rule::yearly_rule(const std::string& footer) {
 }
 
 std::array<transition, 2> yearly_rule::transitions(int year) const {
-    return {{{time_of(to_daylight, year, standard), daylight},
-             {time_of(to_standard, year, daylight), standard}}};
+    std::array found{transition{time_of(to_daylight, year, standard), daylight},
+                     transition{time_of(to_standard, year, daylight), standard}};
+    if (found[1].time < found[0].time)
+        std::swap(found[0], found[1]);
+    return found;
 }
 
 } // namespace icu

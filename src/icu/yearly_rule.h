@@ -24,6 +24,7 @@ struct yearly_rule {
     /// ICU cannot say, or that is malformed.
     explicit yearly_rule(const std::string& footer);
 
+    /// Returns a year's transitions, in order.
     std::array<transition, 2> transitions(int year) const;
 };
 

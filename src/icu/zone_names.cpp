@@ -1,6 +1,5 @@
 #include "icu/zone_names.h"
 
-#include <cstddef>
 #include <regex>
 #include <sstream>
 #include <stdexcept>
@@ -54,12 +53,10 @@ void zone_names::parse_zones(const std::string& tzdata_zi) {
         if (zones.contains(target))
             zones.emplace(name, target);
     for (auto& [link, zone] : zones) {
-        auto found = zones.find(zone);
-        for (std::size_t steps = 0; found != zones.end() && found->first != found->second; ++steps)
-            found = steps < zones.size() ? zones.find(found->second) : zones.end();
-        if (found == zones.end())
+        for (int links = 0; links < 100 && zones.contains(zone); ++links)
+            zone = zones.at(zone); // that of a zone is itself
+        if (!zones.contains(zone) || zones.at(zone) != zone)
             throw std::runtime_error("links " + link + " to no zone");
-        zone = found->first;
     }
 }
 

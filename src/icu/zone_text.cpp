@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -17,13 +18,7 @@ namespace icu {
 
 namespace {
 
-using transitions = std::vector<transition>;
 using numbers = std::vector<std::int64_t>;
-
-std::int64_t begin_of(int year) {
-    const std::chrono::sys_seconds begin(std::chrono::sys_days(std::chrono::year(year) / 1 / 1));
-    return begin.time_since_epoch().count();
-}
 
 int year_of(std::int64_t time) {
     const std::chrono::sys_seconds moment{std::chrono::seconds(time)};
@@ -31,47 +26,22 @@ int year_of(std::int64_t time) {
     return static_cast<int>(std::chrono::year_month_day(day).year());
 }
 
-/// Returns what clocks show at `from`, and the transitions until `to`.
-transitions part(const transitions& all, std::int64_t from, std::int64_t to) {
-    transitions found(std::ranges::upper_bound(all, from, {}, &transition::time) - 1,
-                      std::ranges::lower_bound(all, to, {}, &transition::time));
-    found[0].time = from;
-    return found;
-}
-
-transitions part(const yearly_rule& rule, std::int64_t from, std::int64_t to) {
-    transitions all;
-    for (int year = year_of(from) - 2; year <= year_of(to) + 1; ++year)
-        for (const auto& found : rule.transitions(year))
-            all.push_back(found);
-    std::ranges::sort(all, {}, &transition::time);
-    return part(all, from, to);
-}
-
-/// Lets the rule go on from the last transition, like the C library even there, for two years, so
-/// that what is listed has its neighbours. Returns from which year on the rule tells all: from
-/// there, ICU asks nothing else.
-int extend(transitions& all, const yearly_rule& rule) {
+/// Lets the rule go on from the last transition, which it may correct, as in the C library. Two
+/// years suffice: from the next year on, ICU asks the rule.
+void extend(std::vector<transition>& all, const yearly_rule& rule) {
     const auto last = all.back().time;
-    const auto same = [&](int year) {
-        const auto begin = begin_of(year), end = begin_of(year + 1);
-        return begin > all[0].time && part(all, begin, end) == part(rule, begin, end);
-    };
-    int year = year_of(last) + 1;
-    const auto by_rule = part(rule, last, begin_of(year + 2));
-    all.pop_back();
-    all.insert(all.end(), by_rule.begin(), by_rule.end());
-    const auto alike = [](const auto& a, const auto& b) { return a.to == b.to; };
-    all.erase(std::unique(all.begin(), all.end(), alike), all.end());
-    while (same(year - 1))
-        --year;
-    return year;
+    for (int year = year_of(last) - 2; year <= year_of(last) + 2; ++year)
+        for (const auto& found : rule.transitions(year))
+            if (found.time <= last)
+                all.back().to = found.to;
+            else
+                all.push_back(found);
 }
 
 /// Guesses what is saved in a period, as the file tells only the sum of it and the standard offset:
 /// an hour, if that gives the standard offset before or after, or else at most two. ICU knows no
 /// negative saving: where the winters have one, they are standard, and the summers between save.
-int saving(const transitions& all, std::size_t period) {
+int saving(const std::vector<transition>& all, std::size_t period) {
     const auto saved_to = [&all](std::size_t from, std::size_t step) {
         for (auto i = from; i < all.size(); i += step) // below 0 is beyond the end
             if (!all[i].to.daylight)
@@ -126,14 +96,14 @@ std::string zone_text(compiled_zone zone, rule_names& rules) {
     auto& all = zone.times;
     const yearly_rule rule(zone.footer);
     std::string text, map;
-    auto end = -beginning;
+    int end = INT_MAX;
     if (rule.standard.offset != rule.daylight.offset) {
-        const int year = extend(all, rule);
-        text = final_rule(rule, year, rules);
-        end = begin_of(year);
+        end = year_of(all.back().time) + 1;
+        extend(all, rule);
+        text = final_rule(rule, end, rules);
     }
     numbers pairs, early, usual, late;
-    for (std::size_t i = 0, last = 0; i < all.size() && all[i].time < end; ++i) {
+    for (std::size_t i = 0, last = 0; i < all.size() && year_of(all[i].time) < end; ++i) {
         if (i > 10000 || pairs.size() > 510)
             throw std::runtime_error("has more transitions than ICU takes");
         const int saved = saving(all, i);
