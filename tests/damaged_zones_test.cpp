@@ -9,7 +9,7 @@
 /// Returns whether the bytes are a zone. Anything but a std::runtime_error fails the test.
 static bool is_zone(const std::string& bytes) {
     try {
-        icu::rule_names rules;
+        icu::rule_numbers rules;
         return !icu::zone_text(icu::parse_compiled_zone(bytes), rules).empty();
     } catch (const std::runtime_error&) {
         return false;

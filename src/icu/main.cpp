@@ -55,7 +55,7 @@ std::string resource_text(const std::string& directory) {
         numbers.emplace(name, std::to_string(numbers.size()));
         links[zone] += numbers[name] + ", ";
     }
-    icu::rule_names rules;
+    icu::rule_numbers rules;
     std::string zone_list, name_list, rule_list, region_list;
     const auto table = [&](const std::string& zone) {
         if (zone == "Etc/Unknown") // ICU's own, for what it does not know
@@ -72,8 +72,8 @@ std::string resource_text(const std::string& directory) {
         const auto& region = names.regions[names.regions.contains(name) ? name : zone];
         region_list += "\"" + (region.empty() ? "001" : region) + "\",\n";
     }
-    for (const auto& [rule, name] : rules)
-        rule_list.append(name).append(rule);
+    for (const auto& [rule, number] : rules)
+        rule_list.append("R").append(number).append(rule);
     return "zoneinfo64:table(nofallback) {\ntzpublish:int { 1 }\nTZVersion { \"" + names.release +
            "\" }\nZones:array {\n" + zone_list + "}\nNames {\n" + name_list + "}\nRules {\n" +
            rule_list + "}\nRegions:array {\n" + region_list + "}\n}\n";

@@ -72,15 +72,15 @@ std::string entry(const std::string& name, const numbers& values) {
 /// finalRule { "R0" } finalRaw:int { standard offset } finalYear:int { the rule's first year }
 ///
 /// R0:intvector { moment, 0 for local time, its end, 0, seconds saved }
-std::string final_rule(const yearly_rule& rule, int year, rule_names& rules) {
+std::string final_rule(const yearly_rule& rule, int year, rule_numbers& rules) {
     auto start = rule.to_daylight, end = rule.to_standard;
     if (rule.daylight.offset < rule.standard.offset)
         std::swap(start, end);
     const int saved = std::abs(rule.daylight.offset - rule.standard.offset);
     const auto told = entry(":intvector", {start.month, start.day, start.weekday, start.seconds, 0,
                                            end.month, end.day, end.weekday, end.seconds, 0, saved});
-    const auto name = rules.emplace(told, "R" + std::to_string(rules.size())).first->second;
-    return "finalRule { \"" + name + "\" }\n" +
+    const auto number = rules.emplace(told, std::to_string(rules.size())).first->second;
+    return "finalRule { \"R" + number + "\" }\n" +
            entry("finalRaw:int", {std::min(rule.standard.offset, rule.daylight.offset)}) +
            entry("finalYear:int", {year});
 }
@@ -92,7 +92,7 @@ std::string final_rule(const yearly_rule& rule, int year, rule_names& rules) {
 /// after
 ///     these in 64, the high half first
 /// typeMap:bin { "02..." }: the number of the pair from each transition on
-std::string zone_text(compiled_zone zone, rule_names& rules) {
+std::string zone_text(compiled_zone zone, rule_numbers& rules) {
     auto& all = zone.times;
     const yearly_rule rule(zone.footer);
     std::string text, map;
