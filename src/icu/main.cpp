@@ -49,7 +49,7 @@ bool is_plain(const std::string& text) {
 
 /// "Z" name ..., "L" target name: letters that begin words of any length, and may be small. Returns
 /// the zone that each name leads to, with the names that only ICU has.
-texts zones_of(std::istream&& tzdata_zi) {
+texts zones_of(std::istringstream tzdata_zi) {
     texts zones{{unknown, unknown}};
     std::string line, target, name;
     while (std::getline(tzdata_zi, line)) {
