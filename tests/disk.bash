@@ -14,6 +14,7 @@ put() {
     unreadable) install -m 773 /dev/null "$root$1" ;;      # a file that others may do all but read
     directory) put "$1/entry" empty ;;                     # a directory with an entry
     empty_directory) mkdir "$root$1" ;;                    # one without
+    open) mkdir -m 775 "$root$1" ;;                        # one that others may write to
     system) ln -s /usr/share/zoneinfo.default "$root$1" ;; # a link to the system's tree,
     long) ln -s "$(printf %01500d 0)" "$root$1" ;;         # to more than the 1024 bytes read of it,
     /* | ./*) ln -s "$2" "$root$1" ;;                      # to this path,
@@ -49,13 +50,10 @@ expect() {
         printf '%s: %s\n   %s: %s, expected %s\n' "${0##*/}" "${row-}" "$@" | tee "$root/failed" >&2
 }
 
-# shellcheck disable=SC2034 # named by those that source this
-machine_packages=("${build_packages[@]}" icu-devtools tzdata)
-
 # install_machine makes the root a machine that has the tools, and programs that these call.
 install_machine() {
     umask 022 # nobody else may write to the store
-    install_packages "${machine_packages[@]}"
+    install_packages "${build_packages[@]}" icu-devtools
     build release
     install_tools
     mkdir -p "$root"/{bin,data,dev,etc,proc,stubs} && install -d -m 1777 "$root/tmp"
