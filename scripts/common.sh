@@ -94,11 +94,3 @@ install_tools() {
     # shellcheck disable=SC2034 # named by those that source this
     tools=$root/installed/usr/sbin
 }
-
-# icu_data RELEASE DIRECTORY creates ICU data under the name of a release, from this machine's.
-icu_data() {
-    mkdir -p "$2"
-    derb --sourcedir - --destdir "$root" zoneinfo64.res
-    sed -i "s/TZVersion { .* }/TZVersion { \"$1\" }/" "$root/zoneinfo64.txt"
-    genrb --quiet --destdir "$2" "$root/zoneinfo64.txt"
-}

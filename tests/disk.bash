@@ -14,6 +14,7 @@ put() {
     unreadable) install -m 773 /dev/null "$root$1" ;;      # a file that others may do all but read
     directory) put "$1/entry" empty ;;                     # a directory with an entry
     empty_directory) mkdir "$root$1" ;;                    # one without
+    open) mkdir -m 775 "$root$1" ;;                        # one that others may write to
     system) ln -s /usr/share/zoneinfo.default "$root$1" ;; # a link to the system's tree,
     long) ln -s "$(printf %01500d 0)" "$root$1" ;;         # to more than the 1024 bytes read of it,
     /* | ./*) ln -s "$2" "$root$1" ;;                      # to this path,
@@ -47,4 +48,28 @@ expect() {
     # shellcheck disable=SC2053 # a pattern
     [[ $2 == $3 ]] ||
         printf '%s: %s\n   %s: %s, expected %s\n' "${0##*/}" "${row-}" "$@" | tee "$root/failed" >&2
+}
+
+# install_machine makes the root a machine that has the tools, and programs that these call.
+install_machine() {
+    umask 022 # nobody else may write to the store
+    install_packages "${build_packages[@]}" icu-devtools
+    build release
+    install_tools
+    mkdir -p "$root"/{bin,data,dev,etc,proc,stubs} && install -d -m 1777 "$root/tmp"
+    local program
+    for program in awk basename cat chmod chown cmp comm cp date dd dirname dpkg dpkg-divert \
+        dpkg-query env expr find flock genrb grep gzip head id ln ls md5sum mkdir mktemp mv od \
+        paste readlink realpath rm rmdir sed setsid sh sha256sum sleep sort stat sync tail tar \
+        timeout touch tr wc xargs zic; do
+        install_program "$(type -P $program)"
+        install "$(type -P $program)" "$root/bin"
+    done
+    [[ ! -d $root/usr/lib ]] || cp -r "$root/usr/lib" "$root" # as each row has another /usr
+}
+
+# on_machine COMMAND... runs a command there, among the data.
+on_machine() {
+    in_root /bin/env -i PATH=/stubs:/installed/usr/sbin:/bin /bin/sh -c \
+        'cd /data; umask 077; exec "$@"' - "$@"
 }

@@ -33,8 +33,8 @@ TEST(TextFiles, GiveTheFirstWord) {
 TEST(Version, IsAWholeTextOfAnyLength) {
     EXPECT_EQ(orv_version("02016ab.01.002"), orv_version("2016ab.1.2"));
     for (const char* text :
-         {"", "2016", "2016A.1.0", "2016a.1.0.0", "2016a.", "2016a.1/0", ".1.0", "2016`", "2016{",
-          "2016:a", " 2016a", "2016a\n", "2016a/1", "2016\xe4"}) {
+         {"", "2016", "2016A.1.0", "2016a.1.0.0", "2016a.", "2016a.1/0", "2016a.1:0", ".1.0",
+          "2016`", "2016{", "2016:a", " 2016a", "2016a\n", "2016a/1", "2016\xe4"}) {
         orv_version version("1999z.9.9");
         version.parse(text);
         EXPECT_EQ(version, orv_version()) << text;
