@@ -1,132 +1,254 @@
 #include "icu/zone_text.h"
 
-#include "icu/compiled_zone.h"
-#include "icu/yearly_rule.h"
-
 #include <algorithm>
+#include <array>
 #include <chrono>
-#include <climits>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
+#include <map>
+#include <regex>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace icu {
 
+void require(bool fulfilled, const std::string& reason) {
+    if (!fulfilled)
+        throw std::runtime_error(reason);
+}
+
 namespace {
 
-using numbers = std::vector<std::int64_t>;
+using std::chrono::sys_days, std::chrono::sys_seconds;
+
+constexpr auto beginning = -(INT64_C(1) << 39); // no zone's; in a year that <chrono> can tell
+
+std::string_view take(std::string_view& bytes, std::uint64_t count) {
+    require(count <= bytes.size(), "ends too early");
+    const auto taken = bytes.substr(0, static_cast<std::size_t>(count));
+    bytes.remove_prefix(taken.size());
+    return taken;
+}
+
+/// Big-endian.
+template <typename Number>
+Number take_number(std::string_view& bytes) {
+    std::uint64_t value = 0;
+    for (const char byte : take(bytes, sizeof(Number)))
+        value = value << 8 | static_cast<unsigned char>(byte);
+    return static_cast<Number>(value);
+}
+
+/// "TZif" version:1 reserved:15 count:4... time... type:1... (utoff:4 isdst:1 desigidx:1)... rest
+std::array<std::string_view, 3> take_block(std::string_view& file, unsigned size_of_time) {
+    require(take(file, 4) == "TZif", "is no compiled zone");
+    require(take(file, 1) >= "2", "has a format older than version 2");
+    take(file, 15);
+    std::array<std::uint64_t, 6> counts{};
+    for (auto& count : counts)
+        count = take_number<std::uint32_t>(file);
+    const auto [ut_flags, standard_flags, leaps, times, types, characters] = counts;
+    require(leaps == 0, "counts leap seconds");
+    const std::array found{take(file, times * size_of_time), take(file, times),
+                           take(file, types * 6)};
+    take(file, characters + standard_flags + ut_flags);
+    return found;
+}
+
+struct transition {
+    std::int64_t time; ///< UTC, in seconds since 1970
+    int offset;        ///< from then on, in seconds to add to UTC
+    bool daylight;     ///< whether that is called daylight-saving time
+};
+
+/// Takes all but the footer: block block64 "\n". Returns the transitions in order, the first one
+/// before any time of a zone's. The first block is for programs whose time has 32 bits.
+std::vector<transition> take_transitions(std::string_view& file) {
+    take_block(file, 4);
+    auto [times, indexes, locals] = take_block(file, 8);
+    require(take(file, 1) == "\n", "has no footer where its counts end");
+    std::vector<transition> types;
+    while (!locals.empty()) {
+        const auto offset = take_number<std::int32_t>(locals);
+        require(-25 * 3600 < offset && offset < 26 * 3600, "has an offset of more than a day");
+        types.push_back({beginning, offset, take_number<std::uint16_t>(locals) >= 0x100});
+    }
+    require(!types.empty(), "has no local time");
+    std::vector<transition> all{types[0]};
+    while (!times.empty()) {
+        const auto time = take_number<std::int64_t>(times);
+        const auto type = take_number<std::uint8_t>(indexes);
+        require(all.back().time < time && time < -beginning && type < types.size(),
+                "has a transition too early, too late or to no local time");
+        all.push_back({time, types[type].offset, types[type].daylight});
+    }
+    return all;
+}
+
+/// A transition of every year, as footers tell it.
+struct yearly {
+    int month, week, weekday; ///< from 1; 5 is the last; from 0, Sunday
+    int seconds;              ///< of the local time until then, -167 to 167 hours
+    int before, after;        ///< offsets
+    bool daylight;            ///< afterwards
+};
+
+constexpr const char* unspeakable = "has a footer that ICU cannot say";
+
+transition in_year(int year, const yearly& each) {
+    const auto month = std::chrono::year(year) / each.month;
+    const std::chrono::weekday day(static_cast<unsigned>(each.weekday));
+    sys_seconds midnight = sys_days(month / day[static_cast<unsigned>(each.week)]);
+    if (each.week == 5)
+        midnight = sys_days(month / day[std::chrono::last]);
+    const auto time = midnight.time_since_epoch().count() + each.seconds - each.before;
+    return {time, each.after, each.daylight};
+}
+
+/// [+-]hours[:minutes[:seconds]]
+int time_in(const std::string& text, int by_default) {
+    int hours = 0, minutes = 0, seconds = 0;
+    char separator = 0;
+    std::istringstream(text) >> hours >> separator >> minutes >> separator >> seconds;
+    const int rest = minutes * 60 + seconds;
+    return text.empty() ? by_default : hours * 3600 + (text[0] == '-' ? -rest : rest);
+}
+
+/// [name offset [name [offset] "," moment "," moment]]
+///
+/// Offsets are told west of UTC; the second is an hour less by default. A moment is "M" month "."
+/// week "." weekday ["/" time], at 2 by default. Daylight saving all year, which zic tells by
+/// moments of another form, needs no rule.
+std::vector<yearly> parse_rule(const std::string& footer) {
+    static const std::string name = "(?:[A-Za-z]{3,}|<[A-Za-z0-9+-]{3,}>)",
+                             time = "([+-]?[0-9]{1,3}(?::[0-5][0-9]){0,2})",
+                             moment = ",M([1-9]|1[0-2])\\.([1-5])\\.([0-6])(?:/" + time + ")?",
+                             moments = "(?:" + moment + moment + "|,0/0,J365/" + time + ")";
+    static const std::regex form("(?:" + name + time + "(?:" + name + time + "?" + moments +
+                                 ")?)?");
+    std::smatch found;
+    require(footer.size() <= 100 && std::regex_match(footer, found, form), unspeakable);
+    const int standard = -time_in(found[1], 0), daylight = -time_in(found[2], -standard - 3600);
+    if (!found[3].matched || standard == daylight)
+        return {};
+    const auto number = [&](std::size_t group) { return std::stoi(found[group]); };
+    const auto on_time = time_in(found[6], 7200), off_time = time_in(found[10], 7200);
+    std::vector<yearly> rule{
+        {number(3), number(4), number(5), on_time, standard, daylight, true},
+        {number(7), number(8), number(9), off_time, daylight, standard, false}};
+    if (in_year(2000, rule[1]).time < in_year(2000, rule[0]).time)
+        std::swap(rule[0], rule[1]);
+    return rule;
+}
 
 int year_of(std::int64_t time) {
-    const std::chrono::sys_seconds moment{std::chrono::seconds(time)};
-    const auto day = std::chrono::floor<std::chrono::days>(moment);
-    return static_cast<int>(std::chrono::year_month_day(day).year());
+    const sys_seconds moment{std::chrono::seconds(time)};
+    const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(moment));
+    return static_cast<int>(date.year());
 }
 
 /// Lets the rule go on from the last transition, which it may correct, as in the C library. Two
 /// years suffice: from the next year on, ICU asks the rule.
-void extend(std::vector<transition>& all, const yearly_rule& rule) {
+void extend(std::vector<transition>& all, const std::vector<yearly>& rule) {
     const auto last = all.back().time;
     for (int year = year_of(last) - 2; year <= year_of(last) + 2; ++year)
-        for (const auto& found : rule.transitions(year))
+        for (const auto& each : rule) {
+            const auto found = in_year(year, each);
             if (found.time <= last)
-                all.back().to = found.to;
-            else
-                all.push_back(found);
+                all.pop_back();
+            all.push_back({std::max(found.time, last), found.offset, found.daylight});
+        }
 }
 
 /// Guesses what is saved in a period, as the file tells only the sum of it and the standard offset:
-/// an hour, if that gives the standard offset before or after, or else at most two. ICU knows no
-/// negative saving: where the winters have one, they are standard, and the summers between save.
+/// what it has more than the nearest one of standard time, if that is at most two hours. ICU knows
+/// no negative saving: where winters have one, they are standard, and the summers between save.
 int saving(const std::vector<transition>& all, std::size_t period) {
-    const auto saved_to = [&all](std::size_t from, std::size_t step) {
-        for (auto i = from; i < all.size(); i += step) // below 0 is beyond the end
-            if (!all[i].to.daylight)
-                return all[from].to.offset - all[i].to.offset;
-        return 3600;
+    const auto& told = all[period];
+    const auto above = [&](std::size_t step) {           // what is nearest of the other kind
+        for (auto i = period; i < all.size(); i += step) // below 0 is beyond the end
+            if (all[i].daylight != told.daylight)
+                return told.offset - all[i].offset;
+        return told.daylight ? 3600 : 0;
     };
-    const auto since = [&](std::size_t i) { return saved_to(i, SIZE_MAX); };
-    const auto until = [&](std::size_t i) { return saved_to(i, 1); };
-    const auto negative = [&](std::size_t i) { return std::max(since(i), until(i)) < 0; };
-    if (!all[period].to.daylight && negative(period - 1) && negative(period + 1))
-        return all[period].to.offset - all[period + 1].to.offset;
-    if (!all[period].to.daylight || negative(period))
-        return 0;
-    for (const int saved : {until(period) == 3600 ? 3600 : since(period), until(period)})
-        if (0 < saved && saved <= 7200)
-            return saved;
-    return 3600;
+    const auto [low, high] = std::minmax({above(SIZE_MAX), above(1)});
+    if (!told.daylight || high < 0)
+        return std::max(0, low);
+    const int saved = low > 0 && high != 3600 ? low : high;
+    return 0 < saved && saved <= 7200 ? saved : 3600;
 }
 
-/// name:intvector { number, ... }, or nothing without numbers
-std::string entry(const std::string& name, const numbers& values) {
+std::string list(const std::vector<std::int64_t>& numbers) {
     std::string text;
-    for (const auto value : values)
-        text += (text.empty() ? "" : ", ") + std::to_string(value);
-    return text.empty() ? "" : name + " { " + text + " }\n";
+    for (const auto number : numbers)
+        text += std::to_string(number) + ", ";
+    return text;
+}
+
+/// month day weekday seconds 0: the first such weekday from a day on, or the last one until it if
+/// the day is negative. Months count from 0, weekdays from -1 down, and the time is local.
+///
+/// Moves a time that ICU does not take to the day that has it; ICU looks for that in the month.
+std::string moment_text(const yearly& each) {
+    static constexpr int lengths[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const int length = lengths[each.month - 1], time = each.seconds,
+              moved = time < 0 ? (time + 1) / 86400 - 1 : (time - 1) / 86400,
+              first = (each.week == 5 ? length - 6 : each.week * 7 - 6) + moved;
+    require(moved == 0 || (0 < first && first + 6 <= length && each.month != 2), unspeakable);
+    return list({each.month - 1, each.week == 5 ? -first - 6 : first,
+                 -1 - (each.weekday + moved + 7) % 7, time - moved * 86400, 0});
 }
 
 /// finalRule { "R0" } finalRaw:int { standard offset } finalYear:int { the rule's first year }
 ///
-/// R0:intvector { moment, 0 for local time, its end, 0, seconds saved }
-std::string final_rule(const yearly_rule& rule, int year, rule_numbers& rules) {
-    auto start = rule.to_daylight, end = rule.to_standard;
-    if (rule.daylight.offset < rule.standard.offset)
-        std::swap(start, end);
-    const int saved = std::abs(rule.daylight.offset - rule.standard.offset);
-    const auto told = entry(":intvector", {start.month, start.day, start.weekday, start.seconds, 0,
-                                           end.month, end.day, end.weekday, end.seconds, 0, saved});
+/// R0:intvector { moment, its end, seconds saved }
+std::string final_rule(const std::vector<yearly>& rule, int year, texts& rules) {
+    const std::size_t first = rule[0].after < rule[0].before ? 1 : 0;
+    const auto &start = rule[first], &end = rule[1 - first];
+    const auto told = moment_text(start) + moment_text(end) + list({start.after - start.before});
     const auto number = rules.emplace(told, std::to_string(rules.size())).first->second;
-    return "finalRule { \"R" + number + "\" }\n" +
-           entry("finalRaw:int", {std::min(rule.standard.offset, rule.daylight.offset)}) +
-           entry("finalYear:int", {year});
+    return "finalRule { \"R" + number + "\" }\nfinalRaw:int { " + std::to_string(start.before) +
+           " }\nfinalYear:int { " + std::to_string(year) + " }\n";
 }
 
 } // namespace
 
 /// typeOffsets:intvector { standard offset, saving, ... }: pairs, the first one until a transition
 /// transPre32, trans, transPost32:intvector { UTC, ... }: trans in 32 bits; what is before and
-/// after
-///     these in 64, the high half first
+/// after these in 64, the high half first
 /// typeMap:bin { "02..." }: the number of the pair from each transition on
-std::string zone_text(compiled_zone zone, rule_numbers& rules) {
-    auto& all = zone.times;
-    const yearly_rule rule(zone.footer);
-    std::string text, map;
-    int end = INT_MAX;
-    if (rule.standard.offset != rule.daylight.offset) {
-        end = year_of(all.back().time) + 1;
-        extend(all, rule);
-        text = final_rule(rule, end, rules);
-    }
-    numbers pairs, early, usual, late;
+std::string zone_text(std::string_view file, texts& rules) {
+    auto all = take_transitions(file);
+    const auto rule = parse_rule(std::string(take(file, file.find('\n'))));
+    const int end = year_of(rule.empty() ? -beginning : all.back().time) + 1;
+    extend(all, rule);
+    std::string pairs, map, early, usual, late;
+    std::map<std::string, std::size_t> numbers;
     for (std::size_t i = 0, last = 0; i < all.size() && year_of(all[i].time) < end; ++i) {
-        if (i > 10000 || pairs.size() > 510)
-            throw std::runtime_error("has more transitions than ICU takes");
+        require(i <= 10000 && numbers.size() < 256, "has more transitions than ICU takes");
+        const auto time = all[i].time;
         const int saved = saving(all, i);
-        const numbers split{all[i].to.offset - saved, saved};
-        std::size_t pair = 0;
-        while (pair < pairs.size() && !std::equal(split.begin(), split.end(), &pairs[pair]))
-            pair += 2;
-        if (pair == pairs.size())
-            pairs.insert(pairs.end(), split.begin(), split.end());
-        if (pair == std::exchange(last, pair)) // the first, or only the abbreviation changes
+        const auto pair = list({all[i].offset - saved, saved});
+        const auto [number, is_new] = numbers.emplace(pair, numbers.size());
+        if (is_new)
+            pairs += pair;
+        if (number->second == last) // the first, or only the abbreviation changes
             continue;
-        map += "0123456789abcdef"[pair / 32 % 16];
-        map += "0123456789abcdef"[pair / 2 % 16];
-        if (all[i].time == static_cast<std::int32_t>(all[i].time))
-            usual.push_back(all[i].time);
+        last = number->second;
+        map += "0123456789abcdef"[last / 16];
+        map += "0123456789abcdef"[last % 16];
+        if (time == static_cast<std::int32_t>(time))
+            usual += list({time});
         else
-            for (const auto half : {all[i].time >> 32, all[i].time & UINT32_MAX})
-                (all[i].time < 0 ? early : late).push_back(half);
+            (time < 0 ? early : late) += list({time >> 32, time & UINT32_MAX});
     }
-    if (!map.empty())
-        text += "typeMap:bin { \"" + map + "\" }\n";
-    return text + entry("typeOffsets:intvector", pairs) + entry("transPre32:intvector", early) +
-           entry("trans:intvector", usual) + entry("transPost32:intvector", late);
+    return (rule.empty() ? "" : final_rule(rule, end, rules)) + "typeMap:bin { \"" + map +
+           "\" }\ntypeOffsets:intvector { " + pairs + "}\ntransPre32:intvector { " + early +
+           "}\ntrans:intvector { " + usual + "}\ntransPost32:intvector { " + late + "}\n";
 }
 
 } // namespace icu

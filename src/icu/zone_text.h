@@ -1,17 +1,18 @@
 #pragma once
 
-#include "icu/compiled_zone.h"
-
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace icu {
 
-/// What R0, R1 and so on are: the number of each rule, by its text.
-using rule_numbers = std::map<std::string, std::string>;
+using texts = std::map<std::string, std::string>;
 
-/// Returns what ICU's text has in a zone's table, and adds the zone's rule to the others. Throws
-/// std::runtime_error with the reason for a zone that ICU cannot say.
-std::string zone_text(compiled_zone zone, rule_numbers& rules);
+/// Throws std::runtime_error with the reason, unless that is fulfilled.
+void require(bool fulfilled, const std::string& reason);
+
+/// Returns what ICU's text has in the table of a compiled zone, a file of RFC 9636 as zic writes
+/// it, and numbers its rule, by the rule's text. Fails for what is no zone, or ICU cannot say.
+std::string zone_text(std::string_view file, texts& rules);
 
 } // namespace icu
