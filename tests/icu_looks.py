@@ -72,7 +72,7 @@ def main(zones, least):
              for t, m, o in zip(moments[name], made[name], own[name])
              if sum(m) == sum(o) and t < KNOWN]
     count = sum(map(len, looks.values()))
-    print(count, 'looks,', len(wrong), 'wrong;', sum(alike), 'of', len(alike), 'split as ICU\'s own')
+    print(count, 'looks,', len(wrong), 'wrong;', sum(alike), 'of', len(alike), 'split alike')
     if least:
         with open(zones + '/zone.tab', encoding='utf-8') as lines:
             listed = {line.split()[2] for line in lines if line[0] != '#'}
