@@ -13,16 +13,23 @@ umask 022 # everyone must be able to read the data
 link=/var/db/timezone/zoneinfo
 updates=/var/db/timezone/tz
 tree=/usr/share/zoneinfo.default
-icu_format_file=/usr/share/icu/icutzformat.txt icu_link=/var/db/icutz
-record=/var/lib/tzpublish/setup # is there where tzpublish-setup has run
+zones=/usr/share/zoneinfo
+icu_link=/var/db/icutz
+icu_format_file=/usr/share/icu/icutzformat.txt
 case $(printf '\1\0' | od -An -tu2) in # the format of ICU's releases since 4.4, by byte order
 *1) icu_format=44l ;;
 *) icu_format=44b ;;
 esac
+units='tzpublish.service tzpublish.path tzpublish-clean.path tzpublish-follow.path
+    tzpublish-follow.service'
 
-# note TEXT says something; what control characters are in it reaches no terminal.
+# printable TEXT prints it on one line, with nothing that acts on a terminal.
+printable() {
+    printf %s "$*" | tr -c '[:print:]' '?'
+}
+
 note() {
-    printf '%s: %s\n' "${0##*/}" "$(printf %s "$*" | tr -c '[:print:]' '?')" >&2
+    printf '%s: %s\n' "${0##*/}" "$(printable "$*")" >&2
 }
 
 fail() {
@@ -56,6 +63,9 @@ case ${1-} in
     ;;
 esac
 store=$root/var/db/timezone
+state=$root/var/lib/tzpublish
+record=$state/setup    # is there where tzpublish-setup has run
+refused=$state/refused # what is offered and could not be published: its path, and why
 
 # --- What is there --------------------------------------------------------------------------------
 
@@ -63,39 +73,34 @@ there() {
     [ -e "$1" ] || [ -L "$1" ]
 }
 
-# first_word FILE prints the first word of a regular file in $root, of which the beginning is read.
-first_word() {
-    [ -f "$1" ] || return 0
-    case $(realpath -- "$1") in "$root"/*) ;; *) return 0 ;; esac
-    dd if="$1" iflag=nonblock bs=64K count=1 2>/dev/null | tr '\0' '?' |
-        tr -s ' \t\n\v\f\r' '\n' | sed '/./!d; q'
-}
+# decide ARGUMENT... asks tzpublish's own code. A file that never ends does not hold it up.
+decide() (
+    ulimit -v 65536
+    exec timeout 10 "$here/../libexec/tzpublish/decision" "$@"
+)
 
-# key VERSION prints a text: these are ordered as tzpublish orders versions. What is no version has
-# none, and is the lowest. Fails if a number is too large for tzpublish.
-key() {
-    VERSION=$1 awk 'BEGIN {
-        version = ENVIRON["VERSION"]
-        if (version !~ /^[0-9]+[a-z]+(\.[0-9]+)?(\.[0-9]+)?$/) exit
-        match(version, /[a-z]+/)
-        letters = substr(version, RSTART, RLENGTH)
-        year = substr(version, 1, RSTART - 1)
-        count = split(substr(version, RSTART + RLENGTH), number, ".")
-        second = count > 1 ? number[2] : -1
-        third = count > 2 ? number[3] : -1
-        largest = 2147483647
-        if (year + 0 > largest || second + 0 > largest || third + 0 > largest) exit 1
-        printf "%010d %s %010d %010d\n", year, letters, second + 1, third + 1
-    }'
+# order VERSION... prints those that are versions, the newest last.
+order() {
+    decide order "$@" 2>/dev/null
 }
 
 is_version() {
-    [ "$(key "$1")" ]
+    [ "$(order "$1")" ]
 }
 
-# newer VERSION THAN: whether the first is newer than the second.
+# newer VERSION THAN: whether the first is newer than the second. What is no version is the oldest.
 newer() {
-    expr "x$(key "$1")" \> "x$(key "$2")" >/dev/null
+    [ "$1" ] && [ "$1" != "$2" ] && [ "$(order "$1" "$2" | tail -n 1)" = "$1" ]
+}
+
+# foresee sets $system and $reads, the version and the ICU format of the system; $next, the target
+# of the zoneinfo link after the next run of tzpublish; and $said, what that prints.
+foresee() {
+    said=$(decide next "$root" 2>&1) || :
+    { read -r _ system; read -r _ reads; read -r _ next; } <<END || :
+$(printf '%s\n' "$said" | tail -n 4)
+END
+    said=$(printf '%s\n' "$said" | sed -n 's/^tzpublish: \(.*\): [^:]*$/\1/p' | paste -sd ';')
 }
 
 # update_at PATH prints the name of the update at a path, as the links have it; fails if there is
@@ -117,20 +122,20 @@ latest_update() {
     target=$(readlink "$store/tz_latest") && update_at "$target"
 }
 
-system_version() {
-    printf '%s.1.0\n' "$(first_word "$root$tree/+VERSION")"
-}
-
 # has_zones tells whether the system has zones; tzpublish resorts to this one itself.
 has_zones() {
     [ -f "$root$tree/America/Los_Angeles" ]
 }
 
-# format_of UPDATE prints the tag of its ICU format, as tzpublish finds it.
-format_of() {
-    case $(realpath -m -- "$store/tz/$1/icutz") in "$root"/*) ;; *) return 0 ;; esac
-    find "$store/tz/$1/icutz/" -maxdepth 1 -type f -perm -4 -printf '%f\0' 2>/dev/null |
-        tr '\n\0' '?\n' | sed -n 's/^icutz\([0-9][0-9]*[lbe]\)\.dat$/\1/p' | head -n 1
+# is_made UPDATE tells whether tzpublish-update has made it.
+is_made() {
+    set -- "$store/tz/$1"/made-of-*
+    [ -e "$1" ]
+}
+
+# makes_icu_data tells whether tzpublish-update can make ICU data in the format $reads.
+makes_icu_data() {
+    [ "$reads" = $icu_format ] && command -v tzpublish-icu >/dev/null
 }
 
 # mounted UPDATE tells whether a part of it is mounted, as in a container.
@@ -163,100 +168,33 @@ local_zone() {
     esac
 }
 
-# --- What the next run of tzpublish does ----------------------------------------------------------
+# --- Who can change it ----------------------------------------------------------------------------
 
-# target_of LINK sets $target to what tzpublish reads of it; fails if that is no link.
-target_of() {
-    target=
-    if [ -L "$1" ]; then
-        target=$(readlink -n -- "$1" | head -c 1024 && echo .)
-        target=${target%.}
-    else
-        [ ! -e "$1" ]
-    fi
+# loose FIND_ARGUMENT... prints what others than root and this user can change.
+loose() {
+    find "$@" ! -type l \( -perm /022 -o ! -uid 0 ! -uid "$(id -u)" \) 2>/dev/null || :
 }
 
-# foretell sets $published and $next, what is published now and after the next run: an update,
-# "system", or nothing if no link can be created; $faulty, why the run gives up what is published;
-# and $refused, why it does not adopt what tz_latest names.
-foretell() {
-    system=$(system_version) reads=$(first_word "$root$icu_format_file")
-    published='' next=system faulty='' refused='' current=$system
-    if target_of "$root$link"; then
-        below=${target#"$updates/"}
-        case $below in
-        "$tree") published=system ;;
-        "$target") ;;
-        ?*/*) published=${below%/*} current=$published ;;
-        esac
-    elif [ -d "$root$link" ]; then
-        next='' refused="$link is a directory"
-        return
-    fi
-    if ! key "$system" >/dev/null; then
-        next=$published refused="a number in the system's version is too large"
-    elif ! target_of "$store/tz_latest"; then
-        refused='tz_latest is no link'
-    elif ! key "$current" >/dev/null; then
-        faulty='a number in its version is too large' refused=$faulty
-    else
-        foretell_kept
-        [ ! "$target" ] || foretell_latest "${target#"$updates/"}"
-    fi
-}
-
-foretell_kept() {
-    [ "$published" ] && [ "$published" != system ] || return 0
-    if faulty=$(other_format "$published"); then
-        return
-    elif newer "$system" "$published"; then
-        faulty="it is older than $system, the system's"
-    else
-        next=$published
-    fi
-}
-
-foretell_latest() {
-    if [ "$1" = "$target" ] || [ ! "$1" ]; then
-        next=system refused='it names no update'
-    elif ! key "$1" >/dev/null; then
-        next=system refused='a number in its version is too large'
-    elif refused=$(other_format "$1"); then
-        return
-    elif ! newer "$1" "$current"; then
-        refused="it is not newer than $current"
-    elif [ -d "$root$icu_link" ] && [ ! -L "$root$icu_link" ]; then
-        next=system refused="$icu_link is a directory"
-    else
-        next=$1
-    fi
-}
-
-# other_format UPDATE says of an update that it has another format than the system reads; fails if
-# it has not.
-other_format() {
-    found=$(format_of "$1")
-    [ "$found" != "$reads" ] &&
-        printf 'its ICU format is %s, the system reads %s\n' "${found:-none}" "${reads:-none}"
-}
-
-# --- The store ------------------------------------------------------------------------------------
-
-# foreign prints what is of the store, or leads there from $root on, and not root's or this user's
-# alone to change.
+# foreign DEPTH PATH... prints what others can change of these, of what leads there from $root on,
+# and of what is in them, so deep; and what leads out of $root.
 foreign() {
-    mine=$(id -u)
-    for directory in "$root/var/db" "$store" "$store/tz"; do
-        path=$(realpath -m -- "$directory")
-        case $path in "$root"/*) ;; *) printf '%s\n' "$directory" && return ;; esac
-        while [ "$path" != "$root" ]; do
-            [ ! -e "$path" ] || find "$path" -maxdepth 0 ! \( -uid 0 -o -uid "$mine" \) -print \
-                -o -perm /022 -print
-            path=${path%/*}
+    depth=$1
+    shift
+    for path; do
+        physical=$(realpath -m -- "$path")
+        case $physical in "$root"/*) ;; *) printf '%s\n' "$path" && continue ;; esac
+        while [ "$physical" != "$root" ]; do
+            loose "$physical" -maxdepth 0
+            physical=${physical%/*}
         done
+        loose "$path/" -mindepth 1 -maxdepth "$depth"
     done
-    find "$store/" -mindepth 1 -maxdepth 2 -type d \( ! \( -uid 0 -o -uid "$mine" \) -o \
-        -perm /022 \) 2>/dev/null
+}
+
+# unsafe prints what others can change of the store, or of what tells the tools what to do.
+unsafe() {
+    foreign 2 "$store" "$store/tz"
+    foreign 0 "$state"
 }
 
 # owned PATH prints the command that makes it root's alone.
@@ -264,11 +202,11 @@ owned() {
     printf "chown -hR root:root '%s' && chmod -R go-w '%s'\n" "$1" "$1"
 }
 
-# check_store fails unless the store is there, inside $root, and this user's alone: every program
-# reads what is in it, and dpkg works in it.
+# check_store fails unless the store is there, inside $root, and nobody else's to change: every
+# program reads what is in it, and dpkg works in it.
 check_store() {
     [ -d "$store/tz" ] || fail "no directory: $store/tz"
-    path=$(foreign | head -n 1)
+    path=$(unsafe | head -n 1)
     [ ! "$path" ] || fail "others can change it, so: $(owned "$path")"
 }
 
@@ -286,19 +224,6 @@ lock() {
 
 booted() {
     [ ! "$root" ] && [ -d /run/systemd/system ]
-}
-
-# around COMMAND... runs a command while tzpublish does not run and its path unit does not watch:
-# what it changes starts no run of its own.
-around() {
-    if booted; then
-        systemctl --quiet stop tzpublish.path 2>/dev/null || :
-        # One that is running would not see it. The unit limits its time.
-        while systemctl show -P SubState tzpublish 2>/dev/null | grep -q start; do sleep 0.05; done
-    fi
-    "$@"
-    ! booted || ! systemctl --quiet is-enabled tzpublish.path 2>/dev/null ||
-        systemctl start tzpublish.path || :
 }
 
 # run runs tzpublish once, on a system that is not booted too, if that is this one.
