@@ -100,7 +100,8 @@ foresee() {
     { read -r _ system; read -r _ reads; read -r _ next; } <<END || :
 $(printf '%s\n' "$said" | tail -n 4)
 END
-    said=$(printf '%s\n' "$said" | sed -n 's/^tzpublish: \(.*\): [^:]*$/\1/p' | paste -sd ';')
+    said=$(printf '%s\n' "$said" | sed -n 's/^tzpublish: \(.*\): [^:]*$/\1/p' |
+        awk '!repeated[$0]++' | paste -sd ';')
 }
 
 # update_at PATH prints the name of the update at a path, as the links have it; fails if there is

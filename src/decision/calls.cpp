@@ -53,7 +53,7 @@ bool decision::enter(const std::string& root) {
 std::string decision::target_of(const char* path) {
     if (const auto link = changed.find(path); link != changed.end())
         return link->second;
-    std::array<char, 1024> target;
+    std::array<char, 4096> target;
     const ssize_t length = decision_readlink(path, target.data(), target.size());
     return length < 0 ? "" : std::string(target.data(), static_cast<std::size_t>(length));
 }
