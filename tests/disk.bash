@@ -60,7 +60,7 @@ install_machine() {
     local program
     for program in awk basename cat chmod chown cmp comm cp date dd dirname dpkg dpkg-deb dpkg-divert \
         dpkg-query env expr find flock genrb grep gzip head id ln ls md5sum mkdir mktemp mv od \
-        paste readlink realpath rm rmdir sed setsid sh sha256sum sleep sort stat sync tail tar tee \
+        paste prlimit readlink realpath rm rmdir sed setsid sh sha256sum sleep sort stat sync tail tar tee \
         timeout touch tr wc xargs zic; do
         install_program "$(type -P $program)"
         install "$(type -P $program)" "$root/bin"

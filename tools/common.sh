@@ -74,10 +74,9 @@ there() {
 }
 
 # decide ARGUMENT... asks tzpublish's own code. A file that never ends does not hold it up.
-decide() (
-    ulimit -v 65536
-    exec timeout 10 "$here/../libexec/tzpublish/decision" "$@"
-)
+decide() {
+    timeout 10 prlimit --as=67108864 "$here/../libexec/tzpublish/decision" "$@"
+}
 
 # order VERSION... prints those that are versions, the newest last.
 order() {
