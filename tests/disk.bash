@@ -58,10 +58,10 @@ install_machine() {
     install_tools
     mkdir -p "$root"/{bin,data,dev,etc,proc,stubs} && install -d -m 1777 "$root/tmp"
     local program
-    for program in awk basename cat chmod chown cmp comm cp date dd dirname dpkg dpkg-deb dpkg-divert \
-        dpkg-query env expr find flock genrb grep gzip head id ln ls md5sum mkdir mktemp mv od \
-        paste prlimit readlink realpath rm rmdir sed setsid sh sha256sum sleep sort stat sync tail tar tee \
-        timeout touch tr wc xargs zic; do
+    for program in awk basename cat chmod chown cmp comm cp date dd dirname dpkg dpkg-deb \
+        dpkg-divert dpkg-query env expr find flock genrb grep gzip head id ln ls md5sum mkdir \
+        mktemp mv od paste prlimit readlink realpath rm rmdir sed setpriv setsid sh sha256sum \
+        sleep sort stat sync tail tar tee timeout touch tr wc xargs zic; do
         install_program "$(type -P $program)"
         install "$(type -P $program)" "$root/bin"
     done

@@ -20,6 +20,7 @@ case $(printf '\1\0' | od -An -tu2) in # the format of ICU's releases since 4.4,
 *1) icu_format=44l ;;
 *) icu_format=44b ;;
 esac
+data=/usr/share/tzpublish/data # what packages offer; others lay it down in $state/data
 units='tzpublish.service tzpublish.path tzpublish-clean.path tzpublish-follow.path
     tzpublish-follow.service'
 
@@ -65,7 +66,8 @@ esac
 store=$root/var/db/timezone
 state=$root/var/lib/tzpublish
 record=$state/setup    # is there where tzpublish-setup has run
-refused=$state/refused # what is offered and could not be published: its path, and why
+withdrawn=$state/withdrawn # fingerprints of offers
+refused=$state/refused     # what is offered and could not be published: its path, and why
 
 # --- What is there --------------------------------------------------------------------------------
 
@@ -100,7 +102,7 @@ foresee() {
 $(printf '%s\n' "$said" | tail -n 4)
 END
     said=$(printf '%s\n' "$said" | sed -n 's/^tzpublish: \(.*\): [^:]*$/\1/p' |
-        awk '!repeated[$0]++' | paste -sd ';')
+        awk '!repeated[$0]++' | paste -sd ';' | sed 's/;/; /g')
 }
 
 # update_at PATH prints the name of the update at a path, as the links have it; fails if there is
@@ -143,8 +145,8 @@ mounted() {
     [ ! "$root" ] && cat /proc/[0-9]*/mountinfo 2>/dev/null | grep -qF "/tz/$1/"
 }
 
-# superfluous prints the updates that are neither published nor named, and older than one of these,
-# and not in use in another way.
+# superfluous prints the updates that are neither published nor named, and older than what is, after
+# foresee, and not in use in another way.
 superfluous() {
     published=$(published_update) || published=
     latest=$(latest_update) || latest=
@@ -152,7 +154,7 @@ superfluous() {
         name=${update##*/}
         [ "$name" != "$published" ] && [ "$name" != "$latest" ] && is_version "$name" &&
             update_at "$updates/$name" >/dev/null && ! mounted "$name" || continue
-        newer "$name" "$published" && newer "$name" "$latest" || printf '%s\n' "$name"
+        newer "$name" "${published:-$system}" && newer "$name" "$latest" || printf '%s\n' "$name"
     done
 }
 
@@ -194,7 +196,7 @@ foreign() {
 # unsafe prints what others can change of the store, or of what tells the tools what to do.
 unsafe() {
     foreign 2 "$store" "$store/tz"
-    foreign 0 "$state"
+    foreign 0 "$state" "$state/data" "$root$data"
 }
 
 # owned PATH prints the command that makes it root's alone.
