@@ -94,3 +94,29 @@ install_tools() {
     # shellcheck disable=SC2034 # named by those that source this
     tools=$root/installed/usr/sbin
 }
+
+zone=Asia/Tokyo # whose rule the scripts change
+
+# derived_zones DIRECTORY RELEASE RULE prints the zone data that is there under the name of a
+# release, with another rule for the zone.
+derived_zones() {
+    sed "1 s/.*/# version $2/; \\|^Z $zone |,/^9 / s/^9 .*/$3/" "$1/tzdata.zi"
+}
+
+# nspawn DIRECTORY OPTION... boots the root directory $root/DIRECTORY as a container, for five
+# minutes at most. It gets a control group of its own, made here, as this machine may be a container
+# itself and have no systemd that makes one.
+nspawn() {
+    # shellcheck disable=SC2016 # expanded inside
+    unshare --mount sh -ec '
+        umount -R /sys/fs/cgroup 2>/dev/null || :
+        mkdir -p /sys/fs/cgroup
+        mount -t cgroup2 none /sys/fs/cgroup
+        group=/sys/fs/cgroup/$0
+        mkdir "$group"
+        trap "find $group -depth -type d -exec rmdir {} +" EXIT
+        (echo 0 >"$group/cgroup.procs" && exec timeout -k 10 300 "$@")' \
+        "${root##*/}-$1" env SYSTEMD_NSPAWN_UNIFIED_HIERARCHY=1 \
+        systemd-nspawn --quiet --register=no --keep-unit --timezone=off --link-journal=no \
+        --console=pipe --machine="$1" --directory="$root/$1" "${@:2}" --boot </dev/null
+}
