@@ -102,7 +102,7 @@ foresee() {
 $(printf '%s\n' "$said" | tail -n 4)
 END
     said=$(printf '%s\n' "$said" | sed -n 's/^tzpublish: \(.*\): [^:]*$/\1/p' |
-        awk '!repeated[$0]++' | paste -sd ';' | sed 's/;/; /g')
+        awk '!repeated[$0]++ { printf "%s%s", separator, $0; separator = "; " }')
 }
 
 # update_at PATH prints the name of the update at a path, as the links have it; fails if there is
@@ -199,8 +199,12 @@ unsafe() {
     foreign 0 "$state" "$state/data" "$root$data"
 }
 
-# owned PATH prints the command that makes it root's alone.
+# owned PATH prints the command that makes it root's alone; or that removes what leads elsewhere.
 owned() {
+    case $(realpath -m -- "$1") in
+    "$root"/*) ;;
+    *) printf "rm '%s'\n" "$1" && return ;;
+    esac
     printf "chown -hR root:root '%s' && chmod -R go-w '%s'\n" "$1" "$1"
 }
 
