@@ -4,11 +4,12 @@
 #include "icu/zone_text.h"
 
 #include <csignal>
-#include <cstdio>
 #include <err.h>
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <system_error>
@@ -36,8 +37,7 @@ std::string read_file(const std::string& path) {
     require(!error, error.message());
     require(size <= 1 << 20, "is too large");
     std::string bytes(size, '\0');
-    require(!!std::ifstream(path).read(bytes.data(), static_cast<std::streamsize>(size)),
-            "cannot be read");
+    require(!!std::ifstream(path).read(bytes.data(), std::ssize(bytes)), "cannot be read");
     return bytes;
 }
 
@@ -67,19 +67,15 @@ texts zones_of(std::istringstream tzdata_zi) {
     while (icu_words >> target >> name)
         if (zones.contains(target))
             zones.emplace(name, target);
-    for (auto& [link, zone] : zones) {
-        for (int links = 0; links < 100 && zones.contains(zone); ++links)
-            zone = zones.at(zone); // that of a zone is itself
-        require(zones.contains(zone) && zones.at(zone) == zone, "links " + link + " to no zone");
-    }
+    for (auto& [link, zone] : zones)
+        for (int links = 0; zones[zone] != zone; zone = zones[zone]) // that of a zone is itself
+            require(!zones[zone].empty() && links++ < 100, "links " + link + " to no zone");
     return zones;
 }
 
 /// zoneinfo64 { TZVersion Zones Names Rules Regions }: an entry for each name in three of them, the
 /// number of its zone's name for a link. ICU does not look at the key tzpublish: it is for grep,
-/// and tells who has made the compiled file.
-///
-/// `path` is the file at work, for the message of a failure.
+/// and tells who has made the compiled file. Sets `path` to the file at work, for error messages.
 std::string resource_text(const std::string& directory, std::string& path) {
     const auto read = [&](const auto& name) { return read_file(path = directory + "/" + name); };
     std::istringstream zone_tab(read("zone.tab")); // region coordinates name ...
@@ -100,13 +96,13 @@ std::string resource_text(const std::string& directory, std::string& path) {
     }
     std::string text, names, region_list;
     for (const auto& [name, zone] : zones) {
-        if (zone == name) {
-            text += ":table {\nlinks:intvector { " + links[name] + "}\n";
-            text += name == unknown ? "typeOffsets:intvector { 0, 0 }\n"
-                                    : icu::zone_text(read(name), rules);
-            text += "}\n";
-        } else
+        if (zone != name)
             text += ":int { " + numbers[zone] + " }\n";
+        else
+            text += ":table {\nlinks:intvector { " + links[name] + "}\n" +
+                    (name == unknown ? "typeOffsets:intvector { 0, 0 }\n"
+                                     : icu::zone_text(read(name), rules)) +
+                    "}\n";
         names += "\"" + name + "\",\n";
         const auto& region = regions[regions.contains(name) ? name : zone];
         region_list += "\"" + (region.empty() ? "001" : region) + "\",\n";
@@ -123,16 +119,14 @@ std::string resource_text(const std::string& directory, std::string& path) {
 
 int main(int count, char** arguments) {
     if (count != 2) {
-        (void)std::fputs("usage: zoneinfo64 DIRECTORY\n", stderr);
+        std::cerr << "usage: zoneinfo64 DIRECTORY\n";
         return 2;
     }
     (void)std::signal(SIGPIPE, SIG_IGN); // so that a reader that is gone is reported
     std::string path;
     try {
-        const auto text = resource_text(arguments[1], path);
-        if (std::fputs(text.c_str(), stdout) == EOF || std::fflush(stdout) != 0)
+        if (!(std::cout << resource_text(arguments[1], path) << std::flush))
             ::err(1, "standard output");
-        return 0;
     } catch (const std::exception& failure) {
         ::errx(1, "%s: %s", path.c_str(), failure.what());
     }

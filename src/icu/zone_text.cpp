@@ -7,11 +7,9 @@
 #include <cstdint>
 #include <map>
 #include <regex>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace icu {
@@ -48,10 +46,9 @@ std::array<std::string_view, 3> take_block(std::string_view& file, unsigned size
     require(take(file, 4) == "TZif", "is no compiled zone");
     require(take(file, 1) >= "2", "has a format older than version 2");
     take(file, 15);
-    std::array<std::uint64_t, 6> counts{};
-    for (auto& count : counts)
-        count = take_number<std::uint32_t>(file);
-    const auto [ut_flags, standard_flags, leaps, times, types, characters] = counts;
+    const auto count = [&] { return std::uint64_t{take_number<std::uint32_t>(file)}; };
+    const auto ut_flags = count(), standard_flags = count(), leaps = count(), times = count(),
+               types = count(), characters = count();
     require(leaps == 0, "counts leap seconds");
     const std::array found{take(file, times * size_of_time), take(file, times),
                            take(file, types * 6)};
@@ -99,56 +96,45 @@ struct yearly {
 
 constexpr const char* unspeakable = "has a footer that ICU cannot say";
 
-transition in_year(int year, const yearly& each) {
+std::int64_t time_of(const yearly& each, int year) {
     const auto month = std::chrono::year(year) / each.month;
     const std::chrono::weekday day(static_cast<unsigned>(each.weekday));
-    sys_seconds midnight = sys_days(month / day[static_cast<unsigned>(each.week)]);
-    if (each.week == 5)
-        midnight = sys_days(month / day[std::chrono::last]);
-    const auto time = midnight.time_since_epoch().count() + each.seconds - each.before;
-    return {time, each.after, each.daylight};
-}
-
-/// [+-]hours[:minutes[:seconds]]
-int time_in(const std::string& text, int by_default) {
-    int hours = 0, minutes = 0, seconds = 0;
-    char separator = 0;
-    std::istringstream(text) >> hours >> separator >> minutes >> separator >> seconds;
-    const int rest = minutes * 60 + seconds;
-    return text.empty() ? by_default : hours * 3600 + (text[0] == '-' ? -rest : rest);
+    const sys_days first = month / day[1], last = month / day[std::chrono::last];
+    const sys_seconds midnight = std::min(first + std::chrono::weeks(each.week - 1), last);
+    return midnight.time_since_epoch().count() + each.seconds - each.before;
 }
 
 /// [name offset [name [offset] "," moment "," moment]]
-///
 /// Offsets are told west of UTC; the second is an hour less by default. A moment is "M" month "."
 /// week "." weekday ["/" time], at 2 by default. Daylight saving all year, which zic tells by
 /// moments of another form, needs no rule.
 std::vector<yearly> parse_rule(const std::string& footer) {
     static const std::string name = "(?:[A-Za-z]{3,}|<[A-Za-z0-9+-]{3,}>)",
-                             time = "([+-]?[0-9]{1,3}(?::[0-5][0-9]){0,2})",
+                             time = "(?:([+-]?)([0-9]{1,3})(?::([0-5][0-9])(?::([0-5][0-9]))?)?)",
                              moment = ",M([1-9]|1[0-2])\\.([1-5])\\.([0-6])(?:/" + time + ")?",
-                             moments = "(?:" + moment + moment + "|,0/0,J365/" + time + ")";
-    static const std::regex form("(?:" + name + time + "(?:" + name + time + "?" + moments +
-                                 ")?)?");
+                             period = "(?:" + moment + moment + "|,0/0,J365/" + time + ")";
+    static const std::regex form("(?:" + name + time + "(?:" + name + time + "?" + period + ")?)?");
     std::smatch found;
     require(footer.size() <= 100 && std::regex_match(footer, found, form), unspeakable);
-    const int standard = -time_in(found[1], 0), daylight = -time_in(found[2], -standard - 3600);
-    if (!found[3].matched || standard == daylight)
+    const auto number = [&](std::size_t group) { return std::stoi('0' + found.str(group)); };
+    const auto time_in = [&](std::size_t group, int by_default) { // sign hours minutes seconds
+        const int told = number(group + 1) * 3600 + number(group + 2) * 60 + number(group + 3);
+        const int sign = found.str(group) == "-" ? -1 : 1;
+        return found[group].matched ? sign * told : by_default;
+    };
+    const int standard = -time_in(1, 0), daylight = -time_in(5, -standard - 3600);
+    if (!found[9].matched || standard == daylight)
         return {};
-    const auto number = [&](std::size_t group) { return std::stoi(found[group]); };
-    const auto on_time = time_in(found[6], 7200), off_time = time_in(found[10], 7200);
     std::vector<yearly> rule{
-        {number(3), number(4), number(5), on_time, standard, daylight, true},
-        {number(7), number(8), number(9), off_time, daylight, standard, false}};
-    if (in_year(2000, rule[1]).time < in_year(2000, rule[0]).time)
-        std::swap(rule[0], rule[1]);
+        {number(9), number(10), number(11), time_in(12, 7200), standard, daylight, true},
+        {number(16), number(17), number(18), time_in(19, 7200), daylight, standard, false}};
+    std::ranges::sort(rule, {}, [](const auto& each) { return time_of(each, 2000); });
     return rule;
 }
 
 int year_of(std::int64_t time) {
-    const sys_seconds moment{std::chrono::seconds(time)};
-    const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(moment));
-    return static_cast<int>(date.year());
+    const sys_days day(std::chrono::floor<std::chrono::days>(std::chrono::seconds(time)));
+    return static_cast<int>(std::chrono::year_month_day(day).year());
 }
 
 /// Lets the rule go on from the last transition, which it may correct, as in the C library. Two
@@ -157,10 +143,10 @@ void extend(std::vector<transition>& all, const std::vector<yearly>& rule) {
     const auto last = all.back().time;
     for (int year = year_of(last) - 2; year <= year_of(last) + 2; ++year)
         for (const auto& each : rule) {
-            const auto found = in_year(year, each);
-            if (found.time <= last)
+            const auto time = time_of(each, year);
+            if (time <= last)
                 all.pop_back();
-            all.push_back({std::max(found.time, last), found.offset, found.daylight});
+            all.push_back({std::max(time, last), each.after, each.daylight});
         }
 }
 
@@ -204,11 +190,9 @@ std::string moment_text(const yearly& each) {
 }
 
 /// finalRule { "R0" } finalRaw:int { standard offset } finalYear:int { the rule's first year }
-///
 /// R0:intvector { moment, its end, seconds saved }
 std::string final_rule(const std::vector<yearly>& rule, int year, texts& rules) {
-    const std::size_t first = rule[0].after < rule[0].before ? 1 : 0;
-    const auto &start = rule[first], &end = rule[1 - first];
+    const auto [end, start] = std::ranges::minmax(rule, {}, &yearly::after);
     const auto told = moment_text(start) + moment_text(end) + list({start.after - start.before});
     const auto number = rules.emplace(told, std::to_string(rules.size())).first->second;
     return "finalRule { \"R" + number + "\" }\nfinalRaw:int { " + std::to_string(start.before) +
@@ -226,29 +210,25 @@ std::string zone_text(std::string_view file, texts& rules) {
     const auto rule = parse_rule(std::string(take(file, file.find('\n'))));
     const int end = year_of(rule.empty() ? -beginning : all.back().time) + 1;
     extend(all, rule);
-    std::string pairs, map, early, usual, late;
+    std::string pairs, map, trans[3]; // before, within and after 32 bits
     std::map<std::string, std::size_t> numbers;
     for (std::size_t i = 0, last = 0; i < all.size() && year_of(all[i].time) < end; ++i) {
         require(i <= 10000 && numbers.size() < 256, "has more transitions than ICU takes");
-        const auto time = all[i].time;
+        const auto [time, offset, daylight] = all[i];
         const int saved = saving(all, i);
-        const auto pair = list({all[i].offset - saved, saved});
+        const auto pair = list({offset - saved, saved});
         const auto [number, is_new] = numbers.emplace(pair, numbers.size());
-        if (is_new)
-            pairs += pair;
+        pairs += is_new ? pair : "";
         if (number->second == last) // the first, or only the abbreviation changes
             continue;
         last = number->second;
-        map += "0123456789abcdef"[last / 16];
-        map += "0123456789abcdef"[last % 16];
-        if (time == static_cast<std::int32_t>(time))
-            usual += list({time});
-        else
-            (time < 0 ? early : late) += list({time >> 32, time & UINT32_MAX});
+        map += {"0123456789abcdef"[last / 16], "0123456789abcdef"[last % 16]};
+        const auto kind = (time < INT32_MIN ? 0U : 1U) + (time > INT32_MAX ? 1U : 0U);
+        trans[kind] += kind == 1 ? list({time}) : list({time >> 32, time & UINT32_MAX});
     }
     return (rule.empty() ? "" : final_rule(rule, end, rules)) + "typeMap:bin { \"" + map +
-           "\" }\ntypeOffsets:intvector { " + pairs + "}\ntransPre32:intvector { " + early +
-           "}\ntrans:intvector { " + usual + "}\ntransPost32:intvector { " + late + "}\n";
+           "\" }\ntypeOffsets:intvector { " + pairs + "}\ntransPre32:intvector { " + trans[0] +
+           "}\ntrans:intvector { " + trans[1] + "}\ntransPost32:intvector { " + trans[2] + "}\n";
 }
 
 } // namespace icu

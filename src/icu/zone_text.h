@@ -12,7 +12,8 @@ using texts = std::map<std::string, std::string>;
 void require(bool fulfilled, const std::string& reason);
 
 /// Returns what ICU's text has in the table of a compiled zone, a file of RFC 9636 as zic writes
-/// it, and numbers its rule, by the rule's text. Fails for what is no zone, or ICU cannot say.
+/// it. Adds its rule's text to `rules`, with the next number, unless it is there. Throws
+/// std::runtime_error with the reason if the file is no zone, or one that ICU cannot say.
 std::string zone_text(std::string_view file, texts& rules);
 
 } // namespace icu
