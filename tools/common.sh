@@ -20,6 +20,7 @@ case $(printf '\1\0' | od -An -tu2) in # the format of ICU's releases since 4.4,
 *1) icu_format=44l ;;
 *) icu_format=44b ;;
 esac
+factory=/usr/share/factory$updates # what an image brings into the store at each boot
 data=/usr/share/tzpublish/data # what packages offer; others lay it down in $state/data
 units='tzpublish.service tzpublish.path tzpublish-clean.path tzpublish-follow.path
     tzpublish-follow.service'
@@ -146,14 +147,15 @@ mounted() {
 }
 
 # superfluous prints the updates that are neither published nor named, and older than what is, after
-# foresee, and not in use in another way.
+# foresee, not in use in another way, and not an image's own, which would come back.
 superfluous() {
     published=$(published_update) || published=
     latest=$(latest_update) || latest=
     for update in "$store"/tz/[0-9]*; do
         name=${update##*/}
         [ "$name" != "$published" ] && [ "$name" != "$latest" ] && is_version "$name" &&
-            update_at "$updates/$name" >/dev/null && ! mounted "$name" || continue
+            update_at "$updates/$name" >/dev/null && ! mounted "$name" &&
+            ! there "$root$factory/$name" || continue
         newer "$name" "${published:-$system}" && newer "$name" "$latest" || printf '%s\n' "$name"
     done
 }
