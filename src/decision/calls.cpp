@@ -104,9 +104,10 @@ FTS* decision_fts_open(char* const* paths, int options,
                        int (*compare)(const FTSENT**, const FTSENT**)) {
     if (root_directory < 0)
         return ::fts_open(paths, options, compare);
-    // Stays open for the walk.
-    const int directory = decision_open(paths[0], O_PATH | O_CLOEXEC);
-    std::string path = "/proc/self/fd/" + std::to_string(directory);
+    // What is no directory has nothing that counts, and neither has a walk of this device.
+    const int directory = decision_open(paths[0], O_PATH | O_DIRECTORY | O_CLOEXEC);
+    std::string path = ::fchdir(directory) == 0 ? "." : "/dev/null";
+    ::close(directory);
     char* const in_root[] = {path.data(), nullptr};
     return ::fts_open(in_root, options, compare);
 }

@@ -29,7 +29,7 @@ ssize_t decision_readlink(const char* path, char* target, std::size_t size);
 int decision_unlink(const char* path);
 int decision_symlink(const char* target, const char* path);
 
-/// Walks the first of `paths`.
+/// Walks the first of `paths`; changes the working directory.
 FTS* decision_fts_open(char* const* paths, int options,
                        int (*compare)(const FTSENT**, const FTSENT**));
 
